@@ -1,0 +1,338 @@
+// The reading of a stored record: item by item in their order, and tolerant of what is missing.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <ostream>
+#include <string>
+
+#include "document/doc_xdata.h"
+#include "xdata_items.h"
+
+namespace {
+
+using Tag = std::array<std::uint8_t, 8>;
+
+// The fields of a record, with the defaults of one that was never stored.
+struct Fields {
+    int spec = 0;
+    int mainSize = 12;
+    int branchSize = 10;
+    int isoPlane = 0;
+    int line = 0;
+    int electricMode = 0;
+    int project = 0;
+    int extraLong = 0;
+    int extraShort1 = 0;
+    int extraShort2 = 0;
+    Tag tag{};
+    int app = 0;
+    bool operator==(const Fields&) const = default;
+};
+
+void PrintTo(const Fields& fields, std::ostream* out) {
+    *out << "spec " << fields.spec << ", main " << fields.mainSize << ", branch " << fields.branchSize
+         << ", iso " << fields.isoPlane << ", line " << fields.line << ", electric " << fields.electricMode
+         << ", project " << fields.project << ", extra " << fields.extraLong << ' ' << fields.extraShort1
+         << ' ' << fields.extraShort2 << " tag";
+    for (int byte : fields.tag)
+        *out << ' ' << byte;
+    *out << ", app " << fields.app;
+}
+
+Fields Read(const XDataItems& items) {
+    CKV2D_DocXData data(kDocXDataAppName);
+    data.ReadItems(items.Get());
+    return {data.m_specId,      data.m_mainSize,     data.m_branchSize, data.m_isoPlane,
+            data.m_lineId,      data.m_electricMode, data.m_projectId,  data.m_extraLong,
+            data.m_extraShort1, data.m_extraShort2,  data.m_extraTag,   data.m_appId};
+}
+
+constexpr Tag kTag = {'T', 'A', 'G', '-', '1', '2', '3', '4'};
+
+// The items of a full record, in the places 1 to 13.
+enum Place {
+    kAppName = 1,
+    kSpec,
+    kMain,
+    kBranch,
+    kIso,
+    kLine,
+    kElectric,
+    kProject,
+    kExtraLong,
+    kShort1,
+    kShort2,
+    kText,
+    kApp
+};
+constexpr int kPlaces = 13;
+
+XDataItems FullList() {
+    XDataItems items;
+    items.App().Long(101).Short(3).Short(4).Short(5).Long(106).Short(7).Long(108).Long(109);
+    items.Short(110).Short(111).Text(L"TAG-1234").Short(2);
+    return items;
+}
+
+constexpr Fields kFull = {101, 3, 4, 5, 106, 7, 108, 109, 110, 111, kTag, 2};
+
+// What a list reads as that ends behind the place.
+Fields FirstPlaces(int count) {
+    Fields fields;
+    if (count >= kSpec) fields.spec = kFull.spec;
+    if (count >= kMain) fields.mainSize = kFull.mainSize;
+    if (count >= kBranch) fields.branchSize = kFull.branchSize;
+    if (count >= kIso) fields.isoPlane = kFull.isoPlane;
+    if (count >= kLine) fields.line = kFull.line;
+    if (count >= kElectric) fields.electricMode = kFull.electricMode;
+    if (count >= kProject) fields.project = kFull.project;
+    if (count >= kExtraLong) fields.extraLong = kFull.extraLong;
+    if (count >= kShort1) fields.extraShort1 = kFull.extraShort1;
+    if (count >= kShort2) fields.extraShort2 = kFull.extraShort2;
+    if (count >= kText) fields.tag = kFull.tag;
+    if (count >= kApp) fields.app = kFull.app;
+    return fields;
+}
+
+XDataItems Without(Place place) {
+    XDataItems items = FullList();
+    items.Drop(place - 1);
+    return items;
+}
+
+TEST(DocXDataItems, FullList_FillsEveryField) {
+    EXPECT_EQ(Read(FullList()), kFull);
+}
+
+TEST(DocXDataItems, NullList_KeepsTheDefaults) {
+    EXPECT_EQ(Read(XDataItems()), Fields());
+}
+
+TEST(DocXDataItems, EveryPrefixOfAList_ReadsAsFarAsItGoes) {
+    for (int count = 0; count <= kPlaces; ++count) {
+        XDataItems items = FullList();
+        items.Cut(count);
+        EXPECT_EQ(Read(items), FirstPlaces(count)) << count << " items";
+    }
+}
+
+TEST(DocXDataItems, ItemsBehindTheLast_AreIgnored) {
+    XDataItems items = FullList();
+    items.Short(99).Long(99).Text(L"more");
+    EXPECT_EQ(Read(items), kFull);
+}
+
+// --- Each item dropped in turn.
+
+TEST(DocXDataItems, WithoutAppName_ReadsTheSame) {
+    EXPECT_EQ(Read(Without(kAppName)), kFull);
+}
+
+TEST(DocXDataItems, WithoutSpec_KeepsItsDefaultAndReadsTheRest) {
+    Fields expected = kFull;
+    expected.spec = 0;
+    EXPECT_EQ(Read(Without(kSpec)), expected);
+}
+
+TEST(DocXDataItems, WithoutMainSize_TheNextShortsMoveUp) {
+    Fields expected = kFull;
+    expected.mainSize = 4;
+    expected.branchSize = 5;
+    expected.isoPlane = 0;
+    EXPECT_EQ(Read(Without(kMain)), expected);
+}
+
+TEST(DocXDataItems, WithoutBranchSize_TheIsoplaneMovesUp) {
+    Fields expected = kFull;
+    expected.branchSize = 5;
+    expected.isoPlane = 0;
+    EXPECT_EQ(Read(Without(kBranch)), expected);
+}
+
+TEST(DocXDataItems, WithoutIsoplane_KeepsItsDefaultAndReadsTheRest) {
+    Fields expected = kFull;
+    expected.isoPlane = 0;
+    EXPECT_EQ(Read(Without(kIso)), expected);
+}
+
+TEST(DocXDataItems, WithoutAllThreeShorts_KeepsTheirDefaultsAndReadsTheRest) {
+    XDataItems items = FullList();
+    for (int i = 0; i < 3; ++i)
+        items.Drop(kMain - 1);
+    Fields expected = kFull;
+    expected.mainSize = 12;
+    expected.branchSize = 10;
+    expected.isoPlane = 0;
+    EXPECT_EQ(Read(items), expected);
+}
+
+TEST(DocXDataItems, WithoutLine_KeepsItsDefaultAndReadsTheRest) {
+    Fields expected = kFull;
+    expected.line = 0;
+    EXPECT_EQ(Read(Without(kLine)), expected);
+}
+
+TEST(DocXDataItems, WithoutElectricMode_KeepsItsDefaultAndReadsTheRest) {
+    Fields expected = kFull;
+    expected.electricMode = 0;
+    EXPECT_EQ(Read(Without(kElectric)), expected);
+}
+
+TEST(DocXDataItems, WithoutProject_TheExtraLongIsTakenForItAndTheExtrasAreNotReached) {
+    Fields expected = FirstPlaces(kElectric);
+    expected.project = 109;
+    expected.app = 110;
+    EXPECT_EQ(Read(Without(kProject)), expected);
+}
+
+TEST(DocXDataItems, WithoutExtraLong_GoesStraightToTheDiscipline) {
+    Fields expected = FirstPlaces(kProject);
+    expected.app = 110;
+    EXPECT_EQ(Read(Without(kExtraLong)), expected);
+}
+
+TEST(DocXDataItems, WithoutAnyExtra_ReadsTheDisciplineBehindTheProject) {
+    XDataItems items = FullList();
+    for (int i = 0; i < 4; ++i)
+        items.Drop(kExtraLong - 1);
+    Fields expected = FirstPlaces(kProject);
+    expected.app = 2;
+    EXPECT_EQ(Read(items), expected);
+}
+
+TEST(DocXDataItems, WithoutFirstExtraShort_TheNextThreeItemsAreTakenAsTheyCome) {
+    Fields expected = FirstPlaces(kExtraLong);
+    expected.extraShort1 = 111;
+    EXPECT_EQ(Read(Without(kShort1)), expected) << "the text gives no number, the discipline no text";
+}
+
+TEST(DocXDataItems, WithoutSecondExtraShort_TheNextThreeItemsAreTakenAsTheyCome) {
+    Fields expected = FirstPlaces(kShort1);
+    EXPECT_EQ(Read(Without(kShort2)), expected);
+}
+
+TEST(DocXDataItems, WithoutTag_TheDisciplineIsTakenForIt) {
+    Fields expected = FirstPlaces(kShort2);
+    EXPECT_EQ(Read(Without(kText)), expected);
+}
+
+TEST(DocXDataItems, WithoutDiscipline_KeepsItsDefault) {
+    EXPECT_EQ(Read(Without(kApp)), FirstPlaces(kText));
+}
+
+// --- Wrong codes.
+
+TEST(DocXDataItems, ForeignCode_EndsTheReadingWhereItStands) {
+    for (int place = kAppName; place <= kApp; ++place) {
+        if (place >= kShort1 && place <= kText) continue;  // these are taken whatever they are
+        for (short code :
+             {short{1040}, short{1004}, short{1010}, short{1002}, short{1005}, short{0}, short{-4}}) {
+            XDataItems items = FullList();
+            items.At(place - 1).restype = code;
+            EXPECT_EQ(Read(items), FirstPlaces(place - 1)) << "code " << code << " in place " << place;
+        }
+    }
+}
+
+TEST(DocXDataItems, ShortInPlaceOfTheSpec_ShiftsTheFieldsBehindIt) {
+    XDataItems items;
+    items.App().Short(1).Short(3).Short(4).Short(5).Long(106).Short(7).Long(108).Long(109);
+    Fields expected;
+    expected.mainSize = 1;
+    expected.branchSize = 3;
+    expected.isoPlane = 4;
+    expected.electricMode = 5;
+    expected.project = 106;
+    expected.app = 7;
+    EXPECT_EQ(Read(items), expected);
+}
+
+TEST(DocXDataItems, LongInPlaceOfABranchSize_IsTakenForTheLine) {
+    XDataItems items;
+    items.App().Long(101).Short(3).Long(104).Short(5).Long(106).Short(7);
+    Fields expected;
+    expected.spec = 101;
+    expected.mainSize = 3;
+    expected.line = 104;
+    expected.electricMode = 5;
+    expected.project = 106;
+    expected.app = 7;
+    EXPECT_EQ(Read(items), expected);
+}
+
+TEST(DocXDataItems, SecondAppName_EndsTheReading) {
+    XDataItems items;
+    items.App().App().Long(101);
+    EXPECT_EQ(Read(items), Fields());
+}
+
+TEST(DocXDataItems, LongsInPlaceOfTheExtraShorts_GiveTheirLowHalves) {
+    XDataItems items = FullList();
+    items.Cut(kExtraLong);
+    items.Long(0x12340005).Long(0x1234FFFE).Text(L"TAG-1234").Short(2);
+    Fields expected = kFull;
+    expected.extraShort1 = 5;
+    expected.extraShort2 = -2;
+    EXPECT_EQ(Read(items), expected);
+}
+
+TEST(DocXDataItems, TextsInPlaceOfTheExtraShorts_GiveNoNumber) {
+    XDataItems items = FullList();
+    items.Cut(kExtraLong);
+    items.Text(L"{", 1002).Text(L"13", 1003).Text(L"TAG-1234").Short(2);
+    Fields expected = kFull;
+    expected.extraShort1 = 0;
+    expected.extraShort2 = 0;
+    EXPECT_EQ(Read(items), expected);
+}
+
+TEST(DocXDataItems, NumberInPlaceOfTheTag_GivesZeros) {
+    XDataItems items = FullList();
+    items.Cut(kShort2);
+    items.Long(0x41414141).Short(2);
+    Fields expected = kFull;
+    expected.tag = Tag{};
+    EXPECT_EQ(Read(items), expected);
+}
+
+// --- Widths and short texts.
+
+TEST(DocXDataItems, NegativeShorts_KeepTheirSign) {
+    XDataItems items;
+    items.App().Long(-1).Short(-3).Short(-4).Short(-5).Long(-6).Short(-7).Long(-8).Long(-9);
+    items.Short(-10).Short(-11).Text(L"").Short(-12);
+    const Fields expected = {-1, -3, -4, -5, -6, -7, -8, -9, -10, -11, Tag{}, -12};
+    EXPECT_EQ(Read(items), expected);
+}
+
+Tag ReadTag(const std::wstring& text) {
+    XDataItems items = FullList();
+    items.Cut(kShort2);
+    items.Text(text);
+    return Read(items).tag;
+}
+
+TEST(DocXDataItems, ShortTag_IsFilledUpWithZeros) {
+    EXPECT_EQ(ReadTag(L""), Tag{});
+    EXPECT_EQ(ReadTag(L"A"), (Tag{'A'}));
+    EXPECT_EQ(ReadTag(L"ABCDEFG"), (Tag{'A', 'B', 'C', 'D', 'E', 'F', 'G'}));
+}
+
+TEST(DocXDataItems, LongTag_GivesItsFirstEightCharacters) {
+    EXPECT_EQ(ReadTag(L"ABCDEFGHIJ"), (Tag{'A', 'B', 'C', 'D', 'E', 'F', 'G', 'H'}));
+}
+
+TEST(DocXDataItems, WideCharactersOfTheTag_GiveTheirLowBytes) {
+    EXPECT_EQ(ReadTag(L"\x4241\x00FF\x0100Z"), (Tag{0x41, 0xFF, 0x00, 'Z'}));
+}
+
+TEST(DocXDataItems, NullTag_GivesZeros) {
+    XDataItems items = FullList();
+    items.Cut(kShort2);
+    items.NullText().Short(2);
+    Fields expected = kFull;
+    expected.tag = Tag{};
+    EXPECT_EQ(Read(items), expected);
+}
+
+}  // namespace

@@ -1,0 +1,174 @@
+// Extended data: registration, order, limits.
+#include "drawing_fixture.h"
+
+namespace workbench::test {
+namespace {
+
+constexpr wchar_t kName[] = L"KAL-VOR Software - TESSARC";
+
+class XDataTest : public DrawingTest {
+  protected:
+    XDataTest() : m_line(ALine(), AcDb::kForWrite) { EXPECT_EQ(acdbRegApp(kName), RTNORM); }
+
+    Acad::ErrorStatus SetText(const std::wstring& text) {
+        const List list(acutBuildList(1001, kName, 1000, text.c_str(), RTNONE));
+        return m_line->setXData(list.get());
+    }
+
+    AcDbObjectPointer<AcDbLine> m_line;
+};
+
+TEST_F(XDataTest, Set_ThenGet_KeepsOrderTypesAndValues) {
+    const ads_point point = {1, 2, 3};
+    char bytes[] = {1, 0, 2};
+    const ads_binary binary = {3, bytes};
+    const List list(acutBuildList(1001, kName, 1071, 70000, 1070, -5, 1000, L"text", 1040, 2.5, 1010, point,
+                                  1004, &binary, 1005, L"1F", 1002, L"{", 1003, L"0", 1002, L"}", RTNONE));
+    ASSERT_EQ(m_line->setXData(list.get()), Acad::eOk);
+    const List read(m_line->xData(kName));
+    EXPECT_EQ(read.Types(),
+              (std::vector<int>{1001, 1071, 1070, 1000, 1040, 1010, 1004, 1005, 1002, 1003, 1002}));
+    const resbuf* item = read.get();
+    EXPECT_STREQ(item->resval.rstring, kName);
+    EXPECT_EQ((item = item->rbnext)->resval.rlong, 70000);
+    EXPECT_EQ((item = item->rbnext)->resval.rint, -5);
+    EXPECT_STREQ((item = item->rbnext)->resval.rstring, L"text");
+    EXPECT_EQ((item = item->rbnext)->resval.rreal, 2.5);
+    EXPECT_EQ((item = item->rbnext)->resval.rpoint[2], 3);
+    item = item->rbnext;
+    ASSERT_EQ(item->resval.rbinary.clen, 3);
+    EXPECT_EQ(item->resval.rbinary.buf[2], 2);
+    EXPECT_STREQ((item = item->rbnext)->resval.rstring, L"1F");
+}
+
+TEST_F(XDataTest, Get_OfNameWithoutData_IsNull) {
+    EXPECT_EQ(m_line->xData(kName), nullptr);
+    EXPECT_EQ(m_line->xData(), nullptr);
+}
+
+TEST_F(XDataTest, Get_FindsTheNameWithoutRegardToCase) {
+    ASSERT_EQ(SetText(L"a"), Acad::eOk);
+    const List read(m_line->xData(L"kal-vor software - tessarc"));
+    EXPECT_EQ(read.Types(), (std::vector<int>{1001, 1000}));
+}
+
+TEST_F(XDataTest, Set_UnregisteredName_IsRefused) {
+    const List list(acutBuildList(1001, L"NOBODY", 1070, 1, RTNONE));
+    EXPECT_EQ(m_line->setXData(list.get()), Acad::eRegappIdNotFound);
+    EXPECT_EQ(m_line->xData(), nullptr);
+}
+
+TEST_F(XDataTest, Set_OnObjectOpenForRead_IsRefused) {
+    m_line->downgradeOpen();
+    EXPECT_EQ(SetText(L"a"), Acad::eNotOpenForWrite);
+}
+
+TEST_F(XDataTest, Set_ReplacesOwnApplicationOnlyAndKeepsTheOthers) {
+    ASSERT_EQ(acdbRegApp(L"OTHER"), RTNORM);
+    const List both(acutBuildList(1001, kName, 1070, 1, 1001, L"OTHER", 1070, 2, RTNONE));
+    ASSERT_EQ(m_line->setXData(both.get()), Acad::eOk);
+    ASSERT_EQ(SetText(L"new"), Acad::eOk);
+    const List all(m_line->xData());
+    EXPECT_EQ(all.Types(), (std::vector<int>{1001, 1000, 1001, 1070}));
+    const List other(m_line->xData(L"OTHER"));
+    EXPECT_EQ(other.get()->rbnext->resval.rint, 2);
+}
+
+TEST_F(XDataTest, Set_NameAlone_RemovesTheData) {
+    ASSERT_EQ(SetText(L"a"), Acad::eOk);
+    const List name(acutBuildList(1001, kName, RTNONE));
+    EXPECT_EQ(m_line->setXData(name.get()), Acad::eOk);
+    EXPECT_EQ(m_line->xData(kName), nullptr);
+}
+
+TEST_F(XDataTest, Set_String255Bytes_Fits_256DoesNot) {
+    EXPECT_EQ(SetText(std::wstring(255, L'x')), Acad::eOk);
+    EXPECT_EQ(SetText(std::wstring(256, L'x')), Acad::eXdataSizeExceeded);
+    const List kept(m_line->xData(kName));
+    EXPECT_EQ(std::wstring(kept.get()->rbnext->resval.rstring).size(), 255u);
+}
+
+TEST_F(XDataTest, Set_LettersOutsideTheCodePage_CountAsTheirEscapes) {
+    EXPECT_EQ(SetText(std::wstring(36, L'\x3A9')), Acad::eOk);                 // 252 bytes
+    EXPECT_EQ(SetText(std::wstring(37, L'\x3A9')), Acad::eXdataSizeExceeded);  // 259
+    EXPECT_EQ(SetText(std::wstring(255, L'\xE4')), Acad::eOk);                 // of the code page
+    EXPECT_EQ(SetText(std::wstring(255, L'\x20AC')), Acad::eOk);               // the euro too
+}
+
+TEST_F(XDataTest, Set_MoreThan16Kilobytes_IsRefused) {
+    std::vector<resbuf> items(66);
+    std::wstring text(250, L'x');  // 253 bytes with its code and length
+    items[0].restype = 1001;
+    items[0].resval.rstring = const_cast<wchar_t*>(kName);
+    for (std::size_t i = 1; i < items.size(); ++i) {
+        items[i].restype = 1000;
+        items[i].resval.rstring = text.data();
+        items[i - 1].rbnext = &items[i];
+    }
+    EXPECT_EQ(m_line->setXData(items.data()), Acad::eXdataSizeExceeded);
+    items[items.size() - 2].rbnext = nullptr;  // 64 texts: 16,221 bytes
+    EXPECT_EQ(m_line->setXData(items.data()), Acad::eOk);
+}
+
+TEST_F(XDataTest, Set_TogetherWithAnotherApplicationOver16Kilobytes_IsRefused) {
+    ASSERT_EQ(acdbRegApp(L"OTHER"), RTNORM);
+    std::wstring text(250, L'x');
+    std::vector<resbuf> items(64);
+    items[0].restype = 1001;
+    items[0].resval.rstring = const_cast<wchar_t*>(kName);
+    for (std::size_t i = 1; i < items.size(); ++i) {
+        items[i].restype = 1000;
+        items[i].resval.rstring = text.data();
+        items[i - 1].rbnext = &items[i];
+    }
+    ASSERT_EQ(m_line->setXData(items.data()), Acad::eOk);
+    const List other(acutBuildList(1001, L"OTHER", 1000, text.c_str(), 1000, text.c_str(), RTNONE));
+    EXPECT_EQ(m_line->setXData(other.get()), Acad::eXdataSizeExceeded);
+    EXPECT_EQ(m_line->xData(L"OTHER"), nullptr);
+}
+
+TEST_F(XDataTest, Set_ListsThatAreNoXData_AreRefused) {
+    const List noName(acutBuildList(1070, 1, RTNONE));
+    EXPECT_EQ(m_line->setXData(noName.get()), Acad::eInvalidResBuf);
+    const List wrongCode(acutBuildList(1001, kName, 70, 1, RTNONE));
+    EXPECT_EQ(m_line->setXData(wrongCode.get()), Acad::eInvalidResBuf);
+    const List resultType(acutBuildList(1001, kName, RTSHORT, 1, RTNONE));
+    EXPECT_EQ(m_line->setXData(resultType.get()), Acad::eInvalidResBuf);
+    const List open(acutBuildList(1001, kName, 1002, L"{", RTNONE));
+    EXPECT_EQ(m_line->setXData(open.get()), Acad::eInvalidResBuf);
+    const List closed(acutBuildList(1001, kName, 1002, L"}", 1002, L"{", RTNONE));
+    EXPECT_EQ(m_line->setXData(closed.get()), Acad::eInvalidResBuf);
+    const List brace(acutBuildList(1001, kName, 1002, L"x", RTNONE));
+    EXPECT_EQ(m_line->setXData(brace.get()), Acad::eInvalidResBuf);
+    EXPECT_EQ(m_line->setXData(nullptr), Acad::eInvalidResBuf);
+    EXPECT_EQ(m_line->xData(), nullptr);
+}
+
+TEST_F(XDataTest, Set_OnModelSpaceRecord_Works) {
+    AcDbObjectPointer<AcDbBlockTableRecord> space(ModelSpaceId(), AcDb::kForWrite);
+    const List list(acutBuildList(1001, kName, 1071, 7, RTNONE));
+    EXPECT_EQ(space->setXData(list.get()), Acad::eOk);
+}
+
+TEST_F(XDataTest, RegApp_KnownName_IsFineWithoutALock) {
+    m_guard.allowed = false;
+    EXPECT_EQ(acdbRegApp(kName), RTNORM);
+}
+
+TEST_F(XDataTest, RegApp_NewNameWithoutALock_Fails) {
+    m_guard.allowed = false;
+    EXPECT_EQ(acdbRegApp(L"NEWCOMER"), RTERROR);
+    EXPECT_EQ(database::OpenObjects(Drawing()), 1);  // the line of the test
+}
+
+TEST_F(XDataTest, RegApp_BadNamesOrNoDrawing_Fail) {
+    EXPECT_EQ(acdbRegApp(nullptr), RTERROR);
+    EXPECT_EQ(acdbRegApp(L""), RTERROR);
+    EXPECT_EQ(acdbRegApp(L"a|b"), RTERROR);
+    EXPECT_EQ(acdbRegApp(std::wstring(256, L'n').c_str()), RTERROR);
+    acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+    EXPECT_EQ(acdbRegApp(kName), RTERROR);
+}
+
+}  // namespace
+}  // namespace workbench::test

@@ -1,0 +1,89 @@
+#include "controls/preview_picture.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace controls;
+
+namespace {
+
+std::string Number(std::uint64_t value, int bytes) {
+    std::string text;
+    for (int i = 0; i < bytes; ++i)
+        text += static_cast<char>(value >> (8 * i) & 0xFF);
+    return text;
+}
+
+const std::string kSentinel("\x1F\x25\x6D\x07\xD4\x36\x28\x28\x9D\x57\xCA\x3F\x9D\x44\x10\x2B", 16);
+
+// A drawing of the binary kind whose preview block holds one entry.
+std::string Drawing(int code, std::uint32_t start, const std::string& picture, std::uint32_t size) {
+    std::string file = std::string("AC1027\0\0\0\0\0\0\0", 13) + Number(0x20, 4);
+    file.resize(0x20);
+    file += kSentinel + Number(0, 4) + Number(1, 1) + Number(static_cast<std::uint32_t>(code), 1) +
+            Number(start, 4) + Number(size, 4);
+    file.resize(0x60);
+    return file + picture;
+}
+
+std::string Bitmap(std::int32_t width, std::int32_t height, int bits, std::uint32_t colors = 0) {
+    return Number(40, 4) + Number(static_cast<std::uint32_t>(width), 4) +
+           Number(static_cast<std::uint32_t>(height), 4) + Number(1, 2) +
+           Number(static_cast<std::uint32_t>(bits), 2) + Number(0, 4) + std::string(12, '\0') +
+           Number(colors, 4) + Number(0, 4);
+}
+
+}  // namespace
+
+TEST(PreviewPicture, IsFoundByItsPlaceInTheHeader) {
+    const PreviewPicture bitmap = FindPreviewPicture(Drawing(2, 0x60, "picture", 7));
+    EXPECT_EQ(bitmap.kind, PreviewKind::kBitmap);
+    const std::string file = Drawing(6, 0x60, "picture", 7);
+    const PreviewPicture png = FindPreviewPicture(file);
+    EXPECT_EQ(png.kind, PreviewKind::kPng);
+    EXPECT_EQ(png.bytes, "picture");
+}
+
+TEST(PreviewPicture, PlacesOutsideTheFile_AreNone) {
+    EXPECT_EQ(FindPreviewPicture(Drawing(2, 0x60, "picture", 8)).kind, PreviewKind::kNone);
+    EXPECT_EQ(FindPreviewPicture(Drawing(2, 0xFFFFFFFF, "picture", 7)).kind, PreviewKind::kNone);
+    EXPECT_EQ(FindPreviewPicture(Drawing(2, 0x60, "picture", 0)).kind, PreviewKind::kNone);
+    EXPECT_EQ(FindPreviewPicture(Drawing(3, 0x60, "picture", 7)).kind, PreviewKind::kNone)
+        << "a metafile is not shown";
+}
+
+TEST(PreviewPicture, EveryPrefixOfAFile_IsSafe) {
+    const std::string file = Drawing(6, 0x60, "picture", 7);
+    for (size_t length = 0; length < file.size(); ++length)
+        EXPECT_EQ(FindPreviewPicture(std::string_view(file).substr(0, length)).kind, PreviewKind::kNone)
+            << length;
+}
+
+TEST(PreviewPicture, DxfText_IsNoBinaryDrawing) {
+    EXPECT_FALSE(IsBinaryDrawing("  0\nSECTION\n  2\nHEADER\n"));
+    EXPECT_FALSE(IsBinaryDrawing("AC10"));
+    EXPECT_TRUE(IsBinaryDrawing(Drawing(2, 0x60, "x", 1)));
+}
+
+TEST(PreviewBitmap, RowsAndColoursMustLieInside) {
+    BitmapLayout layout;
+    EXPECT_TRUE(MeasureBitmap(Bitmap(2, 2, 24) + std::string(16, 'x'), layout));
+    EXPECT_EQ(layout.bitsOffset, 40u);
+    EXPECT_FALSE(MeasureBitmap(Bitmap(2, 2, 24) + std::string(15, 'x'), layout));
+    EXPECT_TRUE(MeasureBitmap(Bitmap(4, -1, 8) + std::string(1024 + 4, 'x'), layout));
+    EXPECT_EQ(layout.bitsOffset, 40u + 1024u);
+    EXPECT_TRUE(MeasureBitmap(Bitmap(4, 1, 8, 2) + std::string(8 + 4, 'x'), layout));
+    EXPECT_FALSE(MeasureBitmap(Bitmap(4, 1, 8, 257) + std::string(4096, 'x'), layout));
+}
+
+TEST(PreviewBitmap, SizesThatMakeNoSense_AreRefused) {
+    BitmapLayout layout;
+    const std::string room(4096, 'x');
+    EXPECT_FALSE(MeasureBitmap(Bitmap(0, 1, 24) + room, layout));
+    EXPECT_FALSE(MeasureBitmap(Bitmap(-1, 1, 24) + room, layout));
+    EXPECT_FALSE(MeasureBitmap(Bitmap(1, 0, 24) + room, layout));
+    EXPECT_FALSE(MeasureBitmap(Bitmap(1, -2147483647 - 1, 24) + room, layout));
+    EXPECT_FALSE(MeasureBitmap(Bitmap(5000, 1, 24) + room, layout));
+    EXPECT_FALSE(MeasureBitmap(Bitmap(1, 1, 16) + room, layout));
+}

@@ -1,0 +1,512 @@
+// Splitter, balloon, owner-drawn button and error box in real windows.
+#include <afxcmn.h>
+#include <afxwin.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "acestext.h"
+#include "controls/acad_error_box.h"
+#include "controls/balloon_tip.h"
+#include "controls/button_st.h"
+#include "controls/splitter_control.h"
+#include "dm_driver.h"
+#include "resources/resource.h"
+#include "support/test_platform.h"
+#include "support/windows_driver.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+// A window that notes what its controls tell it.
+class OwnerWnd : public CWnd {
+  public:
+    OwnerWnd() {
+        CreateEx(0, nullptr, L"Owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(100, 100, 600, 500), nullptr,
+                 0);
+    }
+    std::vector<SPC_NMHDR> m_sized;
+    std::vector<UINT> m_clicked;
+
+  protected:
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override {
+        const auto* notification = reinterpret_cast<NMHDR*>(lParam);
+        if (notification->code == SPN_SIZED) {
+            EXPECT_EQ(wParam, notification->idFrom);
+            m_sized.push_back(*reinterpret_cast<SPC_NMHDR*>(lParam));
+        }
+        return CWnd::OnNotify(wParam, lParam, pResult);
+    }
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override {
+        if (HIWORD(wParam) == BN_CLICKED && lParam != 0) m_clicked.push_back(LOWORD(wParam));
+        return CWnd::OnCommand(wParam, lParam);
+    }
+};
+
+class Splitter : public testing::Test {
+  protected:
+    CRect Place() const {
+        CRect rect;
+        m_bar.GetWindowRect(rect);
+        m_owner.ScreenToClient(rect);
+        return rect;
+    }
+    void Drag(int dx, int dy) {
+        windows::MouseDown(m_bar, {2, 50});
+        windows::MouseMove(m_bar, {2 + dx, 50 + dy}, MK_LBUTTON);
+        windows::MouseUp(m_bar, {2 + dx, 50 + dy});
+    }
+
+    OwnerWnd m_owner;
+    CSplitterControl m_bar;
+};
+
+CBalloonTip* ShowTip(const CString& message, int seconds = 0, BOOL up = FALSE, int lines = -1,
+                     CPoint anchor = CPoint(400, 400)) {
+    const CRect rect(0, 0, 200, 20);
+    return CBalloonTip::Show(anchor, &rect, 6, 16, message, LOGFONT{}, seconds, up, L"Note", 32516, lines);
+}
+
+class Balloon : public testing::Test {
+  protected:
+    ~Balloon() override {
+        if (CWnd* left = CWnd::FromHandlePermanent(FindBalloon())) left->DestroyWindow();
+    }
+    static CRect PlaceOf(HWND window) {
+        CRect rect;
+        GetWindowRect(window, rect);
+        return rect;
+    }
+    // The outline of the balloon's region, from the window's corner.
+    static CRect OutlineOf(HWND window) {
+        CRgn region;
+        region.CreateRectRgn(0, 0, 0, 0);
+        EXPECT_NE(GetWindowRgn(window, region), ERROR);
+        CRect rect;
+        region.GetRgnBox(rect);
+        return rect;
+    }
+};
+
+class OwnerDrawnButton : public testing::Test {
+  protected:
+    OwnerDrawnButton() {
+        m_plain.Create(L"Plain", WS_CHILD | WS_VISIBLE | WS_TABSTOP, CRect(10, 100, 80, 130), &m_owner, 2);
+        m_button.Create(L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, CRect(10, 10, 40, 40), &m_owner, 1);
+    }
+    COLORREF PixelOf(int x, int y) {
+        m_button.RedrawWindow();
+        windows::PumpWaiting();
+        CClientDC dc(&m_button);
+        return dc.GetPixel(x, y);
+    }
+    // Whether anything but the background is drawn inside the border.
+    bool HasPicture() {
+        const COLORREF background = GetSysColor(COLOR_BTNFACE);
+        m_button.RedrawWindow();
+        CClientDC dc(&m_button);
+        for (int y = 4; y < 26; ++y) {
+            for (int x = 4; x < 26; ++x) {
+                if (dc.GetPixel(x, y) != background) return true;
+            }
+        }
+        return false;
+    }
+
+    OwnerWnd m_owner;
+    CButton m_plain;
+    CButtonST m_button;
+};
+
+class ErrorBox : public SystemTest {};
+
+}  // namespace
+
+// --- splitter
+
+TEST_F(Splitter, RunsAlongTheLongerSideAndIsThinned) {
+    m_bar.Create(WS_CHILD | WS_VISIBLE, CRect(100, 10, 120, 310), &m_owner, 77);
+    EXPECT_EQ(Place(), CRect(100, 10, 105, 310));
+    EXPECT_EQ(m_bar.SetStyle(kSplitterVertical), kSplitterVertical);
+    EXPECT_TRUE(m_bar.GetStyle() & SS_NOTIFY);
+    CSplitterControl square;
+    square.Create(WS_CHILD | WS_VISIBLE, CRect(200, 10, 240, 50), &m_owner, 78);
+    EXPECT_EQ(square.SetStyle(kSplitterVertical), kSplitterHorizontal);
+}
+
+TEST_F(Splitter, Drag_MovesTheBarAndTellsTheOwnerOnce) {
+    m_bar.Create(WS_CHILD | WS_VISIBLE, CRect(100, 10, 120, 310), &m_owner, 77);
+    m_bar.SetRange(50, 400);
+    windows::MouseDown(m_bar, {2, 50});
+    windows::MouseMove(m_bar, {10, 50}, MK_LBUTTON);
+    windows::MouseMove(m_bar, {42, 50}, MK_LBUTTON);
+    EXPECT_EQ(Place().left, 100) << "only the line moves while the bar is dragged";
+    EXPECT_THAT(m_owner.m_sized, IsEmpty());
+    windows::MouseUp(m_bar, {42, 50});
+    EXPECT_EQ(Place(), CRect(140, 10, 145, 310));
+    ASSERT_EQ(m_owner.m_sized.size(), 1u);
+    EXPECT_EQ(m_owner.m_sized[0].delta, 40);
+    EXPECT_EQ(m_owner.m_sized[0].hdr.idFrom, 77u);
+    EXPECT_EQ(m_owner.m_sized[0].hdr.hwndFrom, m_bar.m_hWnd);
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(Splitter, DragBeyondTheRange_StopsAtTheLimit) {
+    m_bar.Create(WS_CHILD | WS_VISIBLE, CRect(100, 10, 120, 310), &m_owner, 77);
+    m_bar.SetRange(90, 150);
+    Drag(1000, 0);
+    EXPECT_EQ(Place().left, 148);
+    Drag(-1000, 0);
+    EXPECT_EQ(Place().left, 88);
+    ASSERT_EQ(m_owner.m_sized.size(), 2u);
+    EXPECT_EQ(m_owner.m_sized[0].delta, 48);
+    EXPECT_EQ(m_owner.m_sized[1].delta, -60);
+}
+
+TEST_F(Splitter, NewBar_CannotLeaveItsPlaceAndStillTells) {
+    m_bar.Create(WS_CHILD | WS_VISIBLE, CRect(100, 10, 120, 310), &m_owner, 77);
+    Drag(60, 0);
+    EXPECT_EQ(Place().left, 100);
+    ASSERT_EQ(m_owner.m_sized.size(), 1u);
+    EXPECT_EQ(m_owner.m_sized[0].delta, 0);
+}
+
+TEST_F(Splitter, LyingBar_MovesUpAndDown) {
+    m_bar.Create(WS_CHILD | WS_VISIBLE, CRect(10, 200, 310, 220), &m_owner, 77);
+    m_bar.SetRange(50, 300);
+    windows::MouseDown(m_bar, {50, 2});
+    windows::MouseMove(m_bar, {90, -28}, MK_LBUTTON);
+    windows::MouseUp(m_bar, {90, -28});
+    EXPECT_EQ(Place(), CRect(10, 170, 310, 175));
+    ASSERT_EQ(m_owner.m_sized.size(), 1u);
+    EXPECT_EQ(m_owner.m_sized[0].delta, -30);
+}
+
+TEST_F(Splitter, ReleaseWithoutAPress_TellsNothingAndFreesTheMouse) {
+    m_bar.Create(WS_CHILD | WS_VISIBLE, CRect(100, 10, 120, 310), &m_owner, 77);
+    m_owner.SetCapture();
+    windows::MouseUp(m_bar, {2, 50});
+    EXPECT_THAT(m_owner.m_sized, IsEmpty());
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(Splitter, ChangePos_MovesTheBarWithoutTelling) {
+    m_bar.ChangePos(5, 5);  // no window yet
+    m_bar.Create(WS_CHILD | WS_VISIBLE, CRect(100, 10, 120, 310), &m_owner, 77);
+    m_bar.ChangePos(7, -3);
+    EXPECT_EQ(Place(), CRect(107, 7, 112, 307));
+    m_bar.ChangePos(0, 0);
+    EXPECT_EQ(Place(), CRect(107, 7, 112, 307));
+    EXPECT_THAT(m_owner.m_sized, IsEmpty());
+}
+
+TEST_F(Splitter, Cursor_ShowsTheWayItMoves) {
+    m_bar.Create(WS_CHILD | WS_VISIBLE, CRect(100, 10, 120, 310), &m_owner, 77);
+    m_bar.SendMessage(WM_SETCURSOR, reinterpret_cast<WPARAM>(m_bar.m_hWnd),
+                      MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_SIZEWE));
+    m_bar.SetStyle(kSplitterHorizontal);
+    m_bar.SendMessage(WM_SETCURSOR, reinterpret_cast<WPARAM>(m_bar.m_hWnd),
+                      MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_SIZENS));
+}
+
+TEST_F(Splitter, LineDrawnTwice_LeavesTheScreenAsItWas) {
+    m_bar.Create(WS_CHILD | WS_VISIBLE, CRect(100, 10, 120, 310), &m_owner, 77);
+    m_bar.SetRange(50, 400);
+    windows::PumpWaiting();
+    CRect bar;
+    m_bar.GetWindowRect(bar);
+    const CPoint onLine(bar.CenterPoint().x - 1 + 30, bar.CenterPoint().y);
+    const auto pixel = [&] { return CWindowDC(nullptr).GetPixel(onLine.x, onLine.y); };
+    const COLORREF before = pixel();
+    windows::MouseDown(m_bar, {2, 50});
+    windows::MouseMove(m_bar, {32, 50}, MK_LBUTTON);
+    EXPECT_NE(pixel(), before);
+    windows::MouseMove(m_bar, {80, 50}, MK_LBUTTON);
+    EXPECT_EQ(pixel(), before);
+    windows::MouseUp(m_bar, {80, 50});
+}
+
+// --- balloon
+
+TEST_F(Balloon, SecondShow_GivesNull) {
+    CBalloonTip* tip = ShowTip(L"one");
+    ASSERT_NE(tip, nullptr);
+    EXPECT_EQ(ShowTip(L"two"), nullptr);
+    EXPECT_EQ(FindBalloon(), tip->m_hWnd);
+    CBalloonTip::Hide(tip);
+    EXPECT_EQ(FindBalloon(), nullptr);
+    CBalloonTip* next = ShowTip(L"three");
+    EXPECT_NE(next, nullptr);
+    CBalloonTip::Hide(next);
+}
+
+TEST_F(Balloon, HideOfNothing_DoesNothing) {
+    CBalloonTip::Hide(nullptr);
+    CBalloonTip* tip = ShowTip(L"one");
+    CBalloonTip::Hide(nullptr);
+    EXPECT_NE(FindBalloon(), nullptr);
+    CBalloonTip::Hide(tip);
+    CBalloonTip::Hide(tip);  // the pointer of a balloon that is gone, as its owner keeps it
+    EXPECT_EQ(FindBalloon(), nullptr);
+}
+
+TEST_F(Balloon, HangsBelowItsAnchor) {
+    CBalloonTip* tip = ShowTip(L"short");
+    ASSERT_NE(tip, nullptr);
+    const CRect place = PlaceOf(tip->m_hWnd);
+    EXPECT_EQ(place.left, 400 - 100);
+    EXPECT_EQ(place.top, 400 - GetSystemMetrics(SM_CYSIZEFRAME));
+    EXPECT_FALSE(GetWindowLongPtrW(tip->m_hWnd, GWL_STYLE) & (WS_CAPTION | WS_THICKFRAME));
+    EXPECT_TRUE(GetWindowLongPtrW(tip->m_hWnd, GWL_EXSTYLE) & WS_EX_TOPMOST);
+    // Its full width but for the frame, and no higher than seven lines.
+    const CRect outline = OutlineOf(tip->m_hWnd);
+    EXPECT_GT(outline.Width(), 180);
+    EXPECT_LE(outline.Width(), 200);
+    EXPECT_LE(outline.bottom, 7 * 16);
+    CBalloonTip::Hide(tip);
+}
+
+TEST_F(Balloon, Up_StandsAboveItsAnchor) {
+    CBalloonTip* tip = ShowTip(L"short", 0, TRUE);
+    ASSERT_NE(tip, nullptr);
+    const CRect place = PlaceOf(tip->m_hWnd);
+    EXPECT_EQ(place.top,
+              400 - 7 * 16 + 2 * GetSystemMetrics(SM_CYSIZEFRAME) + GetSystemMetrics(SM_CYCAPTION));
+    // The tail's end, the lowest point of the region, touches the anchor.
+    EXPECT_NEAR(place.top + OutlineOf(tip->m_hWnd).bottom, 400, 12);
+    CBalloonTip::Hide(tip);
+}
+
+TEST_F(Balloon, LineCount_MakesItHigher) {
+    CBalloonTip* tip = ShowTip(L"x", 0, FALSE, 9);
+    ASSERT_NE(tip, nullptr);
+    EXPECT_GT(OutlineOf(tip->m_hWnd).bottom, 12 * 16);
+    CBalloonTip::Hide(tip);
+}
+
+TEST_F(Balloon, DoesNotTakeTheFocus) {
+    OwnerWnd owner;
+    owner.SetForegroundWindow();
+    CEdit edit;
+    edit.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 20), &owner, 1);
+    edit.SetFocus();
+    CBalloonTip* tip = ShowTip(L"note");
+    EXPECT_EQ(GetFocus(), edit.m_hWnd);
+    CBalloonTip::Hide(tip);
+}
+
+TEST_F(Balloon, HasAnOwnerThatNobodySees) {
+    CBalloonTip* tip = ShowTip(L"note");
+    ASSERT_NE(tip, nullptr);
+    const HWND owner = GetWindow(tip->m_hWnd, GW_OWNER);
+    EXPECT_NE(owner, nullptr);
+    EXPECT_FALSE(IsWindowVisible(owner));
+    CBalloonTip::Hide(tip);
+    EXPECT_FALSE(IsWindow(owner));
+}
+
+TEST_F(Balloon, LeftClick_LeavesIt_RightClick_ClosesIt) {
+    CBalloonTip* tip = ShowTip(L"note");
+    ASSERT_NE(tip, nullptr);
+    const HWND window = tip->m_hWnd;
+    windows::MouseDown(window, {100, 60});
+    EXPECT_TRUE(IsWindow(window));
+    windows::MouseMove(window, {90, 50});
+    EXPECT_TRUE(IsWindow(window));
+    SendMessageW(window, WM_RBUTTONDOWN, 0, 0);
+    EXPECT_FALSE(IsWindow(window));
+    CBalloonTip* next = ShowTip(L"again");
+    EXPECT_NE(next, nullptr);
+    CBalloonTip::Hide(next);
+}
+
+TEST_F(Balloon, ActivatingAnotherWindow_ClosesIt) {
+    OwnerWnd owner;
+    CBalloonTip* tip = ShowTip(L"note");
+    ASSERT_NE(tip, nullptr);
+    const HWND window = tip->m_hWnd;
+    SetActiveWindow(window);
+    EXPECT_TRUE(IsWindow(window));
+    owner.SetActiveWindow();
+    windows::PumpWaiting();
+    EXPECT_FALSE(IsWindow(window));
+}
+
+TEST_F(Balloon, LeavingTheProgram_ClosesIt) {
+    CBalloonTip* tip = ShowTip(L"note");
+    ASSERT_NE(tip, nullptr);
+    const HWND window = tip->m_hWnd;
+    SendMessageW(window, WM_ACTIVATEAPP, TRUE, 0);
+    EXPECT_TRUE(IsWindow(window));
+    SendMessageW(window, WM_ACTIVATEAPP, FALSE, 0);
+    EXPECT_FALSE(IsWindow(window));
+    CBalloonTip* next = ShowTip(L"again");
+    EXPECT_NE(next, nullptr);
+    CBalloonTip::Hide(next);
+}
+
+TEST_F(Balloon, WithSeconds_ClosesByItself) {
+    CBalloonTip* tip = ShowTip(L"note", 1);
+    ASSERT_NE(tip, nullptr);
+    const HWND window = tip->m_hWnd;
+    EXPECT_TRUE(windows::WaitFor([&] { return !IsWindow(window); }));
+}
+
+TEST_F(Balloon, WithoutSeconds_HasNoTimer) {
+    CBalloonTip* tip = ShowTip(L"note", 0);
+    ASSERT_NE(tip, nullptr);
+    EXPECT_FALSE(tip->KillTimer(500));
+    const HWND window = tip->m_hWnd;
+    SendMessageW(window, WM_TIMER, 500, 0);  // nothing to stop, so nothing happens
+    EXPECT_TRUE(IsWindow(window));
+    CBalloonTip::Hide(tip);
+    EXPECT_FALSE(IsWindow(window));
+}
+
+TEST_F(Balloon, HundredTimes_LeavesNothingBehind) {
+    const auto showOnce = [] {
+        CBalloonTip* tip =
+            ShowTip(L"a message that needs more than one line, since it is longer than the balloon");
+        windows::PumpWaiting();
+        CBalloonTip::Hide(tip);
+    };
+    showOnce();
+    const windows::HandleCount before = windows::HandleCount::Now();
+    for (int i = 0; i < 100; ++i)
+        showOnce();
+    const windows::HandleCount after = windows::HandleCount::Now();
+    EXPECT_EQ(after.windows, before.windows);
+    EXPECT_LE(after.gdi, before.gdi + 2);
+}
+
+// --- owner-drawn button
+
+TEST_F(OwnerDrawnButton, Icon_IsDrawn) {
+    EXPECT_FALSE(HasPicture());
+    EXPECT_EQ(m_button.SetIcon(IDI_OPEN, 24, 24), BTNST_OK);
+    EXPECT_TRUE(HasPicture());
+    m_button.EnableWindow(FALSE);
+    EXPECT_TRUE(HasPicture());
+}
+
+TEST_F(OwnerDrawnButton, MissingIcon_LeavesAnEmptyButtonAndNoHandle) {
+    m_button.SetIcon(IDI_OPEN, 24, 24);
+    m_button.SetIcon(4711, 24, 24);
+    const windows::HandleCount before = windows::HandleCount::Now();
+    for (int i = 0; i < 50; ++i)
+        EXPECT_EQ(m_button.SetIcon(4711, 24, 24), BTNST_INVALIDRESOURCE);
+    EXPECT_FALSE(HasPicture());
+    for (int i = 0; i < 50; ++i)
+        EXPECT_EQ(m_button.SetIcon(IDI_OPEN, 24, 24), BTNST_OK);
+    m_button.SetIcon(4711, 24, 24);
+    EXPECT_LE(windows::HandleCount::Now().gdi, before.gdi + 2);
+}
+
+TEST_F(OwnerDrawnButton, FlatButton_ShowsItsBorderUnderTheMouseOnly) {
+    const COLORREF background = GetSysColor(COLOR_BTNFACE);
+    EXPECT_EQ(PixelOf(0, 0), background);
+    windows::MouseMove(m_button, {15, 15});
+    EXPECT_NE(PixelOf(29, 15), background);
+    m_button.SendMessage(WM_MOUSELEAVE);
+    EXPECT_EQ(PixelOf(29, 15), background);
+}
+
+TEST_F(OwnerDrawnButton, MouseOverAnotherWindow_DoesNotLightIt) {
+    windows::MouseMove(m_button, {15, 200});
+    EXPECT_EQ(PixelOf(29, 15), GetSysColor(COLOR_BTNFACE));
+}
+
+TEST_F(OwnerDrawnButton, RaisedButton_AlwaysHasABorder) {
+    m_button.SetFlat(FALSE);
+    EXPECT_NE(PixelOf(29, 15), GetSysColor(COLOR_BTNFACE));
+}
+
+TEST_F(OwnerDrawnButton, TooltipText_IsChangedWithoutASecondTool) {
+    m_button.SetTooltipText(nullptr);
+    const auto findTip = [] {
+        HWND found = nullptr;
+        EnumThreadWindows(
+            GetCurrentThreadId(),
+            [](HWND window, LPARAM result) -> BOOL {
+                if (windows::ClassOf(window) == TOOLTIPS_CLASSW) *reinterpret_cast<HWND*>(result) = window;
+                return TRUE;
+            },
+            reinterpret_cast<LPARAM>(&found));
+        return found;
+    };
+    EXPECT_EQ(findTip(), nullptr);
+    m_button.SetTooltipText(L"Open");
+    const HWND tip = findTip();
+    ASSERT_NE(tip, nullptr);
+    m_button.SetTooltipText(L"Close 50%");
+    EXPECT_EQ(findTip(), tip);
+    EXPECT_EQ(SendMessageW(tip, TTM_GETTOOLCOUNT, 0, 0), 1);
+    EXPECT_EQ(SendMessageW(tip, TTM_GETMAXTIPWIDTH, 0, 0), 400);
+    wchar_t text[80] = L"";
+    TOOLINFOW tool{};
+    tool.cbSize = sizeof(tool);
+    tool.lpszText = text;
+    ASSERT_TRUE(SendMessageW(tip, TTM_ENUMTOOLSW, 0, reinterpret_cast<LPARAM>(&tool)));
+    EXPECT_STREQ(text, L"Close 50%");
+}
+
+TEST_F(OwnerDrawnButton, Click_SetsTheFocusAndReachesTheParent) {
+    m_owner.SetForegroundWindow();
+    m_plain.SetFocus();
+    windows::Click(m_owner, 1);
+    EXPECT_EQ(GetFocus(), m_button.m_hWnd);
+    EXPECT_THAT(m_owner.m_clicked, ElementsAre(1u));
+}
+
+TEST_F(OwnerDrawnButton, DoubleClick_CountsAsAClick) {
+    MSG message{m_button.m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(15, 15), 0, {}};
+    m_button.PreTranslateMessage(&message);
+    EXPECT_EQ(message.message, static_cast<UINT>(WM_LBUTTONDOWN));
+}
+
+TEST_F(OwnerDrawnButton, DisablingTheFocusedButton_PassesTheFocusOn) {
+    m_owner.SetForegroundWindow();
+    m_button.SetFocus();
+    m_button.EnableWindow(FALSE);
+    EXPECT_EQ(GetFocus(), m_plain.m_hWnd);
+}
+
+TEST_F(OwnerDrawnButton, DisablingTheOnlyControl_GivesTheFocusToTheParent) {
+    m_owner.SetForegroundWindow();
+    m_plain.EnableWindow(FALSE);
+    m_button.SetFocus();
+    m_button.EnableWindow(FALSE);
+    EXPECT_EQ(GetFocus(), m_owner.m_hWnd);
+}
+
+TEST_F(OwnerDrawnButton, BecomingTheDefaultButton_KeepsTheOwnDrawing) {
+    EXPECT_EQ(m_button.SendMessage(WM_GETDLGCODE) & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON),
+              DLGC_UNDEFPUSHBUTTON);
+    m_button.SendMessage(BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
+    EXPECT_EQ(m_button.GetStyle() & BS_TYPEMASK, static_cast<DWORD>(BS_OWNERDRAW));
+    EXPECT_TRUE(m_button.SendMessage(WM_GETDLGCODE) & DLGC_DEFPUSHBUTTON);
+    m_button.SendMessage(BM_SETSTYLE, BS_PUSHBUTTON, TRUE);
+    EXPECT_FALSE(m_button.SendMessage(WM_GETDLGCODE) & DLGC_DEFPUSHBUTTON);
+}
+
+// --- error box
+
+TEST_F(ErrorBox, WithoutAHostError_ShowsTheTextAlone) {
+    ShowMessageWithAcadError(L"Title", L"From %s\nto %s", kNoAcadError, L"50%s", L"%d");
+    ASSERT_EQ(GetBoxes().size(), 1u);
+    EXPECT_EQ(GetBoxes()[0].text, L"From 50%s\nto %d");
+    EXPECT_EQ(GetBoxes()[0].caption, L"Title");
+    EXPECT_EQ(GetBoxes()[0].flags, static_cast<unsigned>(MB_ICONERROR));
+    EXPECT_EQ(GetBoxes()[0].owner, platform::BoxOwner::kHostMainWindow);
+}
+
+TEST_F(ErrorBox, WithAHostError_AddsItsText) {
+    ShowMessageWithAcadError(L"TESSARC +", L"Error opening drawing:\n%s", Acad::eFileNotFound,
+                             L"C:\\a%s.dwg");
+    ASSERT_EQ(GetBoxes().size(), 1u);
+    EXPECT_EQ(GetBoxes()[0].text, std::wstring(L"Error opening drawing:\nC:\\a%s.dwg\n\nAutoCAD Error: ") +
+                                      acadErrorStatusText(Acad::eFileNotFound));
+}
