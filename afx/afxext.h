@@ -1,0 +1,4 @@
+// Control bars.
+#pragma once
+
+#include "afxwin.h"
