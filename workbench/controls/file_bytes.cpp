@@ -1,0 +1,26 @@
+#include "controls/file_bytes.h"
+
+#include <windows.h>
+
+namespace controls {
+
+bool ReadFileBytes(const std::wstring& path, std::size_t largest, std::string& bytes) {
+    bytes.clear();
+    const HANDLE file =
+        CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    LARGE_INTEGER size = {};
+    bool read = GetFileSizeEx(file, &size) && static_cast<unsigned long long>(size.QuadPart) <= largest;
+    if (read) {
+        bytes.resize(static_cast<std::size_t>(size.QuadPart));
+        DWORD got = 0;
+        read = ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &got, nullptr) &&
+               got == bytes.size();
+    }
+    CloseHandle(file);
+    if (!read) bytes.clear();
+    return read;
+}
+
+}  // namespace controls

@@ -1,0 +1,16 @@
+// Draws a drawing file into a small picture.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace controls {
+
+// Fills the picture that `dc` draws into (32 bits a pixel, rows from the top down, at `pixels`) with `back`
+// and draws the file's model, or its preview, into it. False, with the back colour only, for a file that
+// cannot be shown.
+bool DrawThumbnail(const std::wstring& path, HDC dc, std::uint32_t* pixels, int width, int height,
+                   COLORREF back);
+
+}  // namespace controls

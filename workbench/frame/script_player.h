@@ -1,0 +1,83 @@
+// Plays a script against the running workbench: one step after the other, driven by a timer so that it goes
+// on while a modal dialog runs. Each step waits for what it needs until its deadline; the first that fails
+// ends the script.
+#pragma once
+
+#include <arx_port.h>
+
+#include <windows.h>
+
+#include <chrono>
+#include <functional>
+#include <string>
+
+#include "frame/picture.h"
+#include "frame/script.h"
+
+namespace frame {
+
+class DockManager;
+
+class ARX_PORT ScriptPlayer {
+  public:
+    // What a script reaches of the workbench besides its windows.
+    struct Stage {
+        std::function<bool()> idle;                      // no input is being worked on or queued
+        std::function<void(const std::wstring&)> enter;  // one line of command-line input
+        std::function<std::wstring()> output;            // all that the program has said so far
+        std::function<void(const std::wstring&)> note;   // adds a line to the transcript
+        std::function<std::wstring()> currentDocument;   // file name without folders; empty if there is none
+        std::function<HWND()> mainWindow;
+        std::function<DockManager*()> docks;
+        std::function<void(bool succeeded)> finished;
+        std::wstring pictureFolder;  // where pictures go; empty: pictures are skipped and said to be
+    };
+
+    ScriptPlayer(Script script, Stage stage);
+    ~ScriptPlayer();
+    ScriptPlayer(const ScriptPlayer&) = delete;
+    ScriptPlayer& operator=(const ScriptPlayer&) = delete;
+
+    void Start();
+
+  private:
+    enum class Progress { kDone, kWaiting, kFailed };
+    // The outcome of looking at a step. What the step does is done after the player has moved on to the next
+    // one, because it may run a dialog in which that next one is played.
+    struct Outcome {
+        Progress progress = Progress::kDone;
+        std::wstring reason;  // what is missing
+        std::function<void()> act;
+    };
+
+    static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
+    void Tick();
+    void Fail(const std::wstring& reason);
+    void Finish(bool succeeded);
+
+    Outcome Attempt(const ScriptStep& step);
+    Outcome AttemptWait(const ScriptStep& step);
+    Outcome AttemptControl(const ScriptStep& step);
+    Outcome AttemptList(const ScriptStep& step);
+    Outcome AttemptTree(const ScriptStep& step);
+    Outcome AttemptMenu(const ScriptStep& step);
+    Outcome AttemptPalette(const ScriptStep& step);
+    Outcome AttemptPicture(const ScriptStep& step);
+    Outcome AttemptAssert(const ScriptStep& step);
+    Outcome AttemptAssertControl(const ScriptStep& step, HWND control);
+    Outcome Input(const ScriptStep& step);
+    std::wstring PicturePath(const std::wstring& name) const;
+
+    Script m_script;
+    Stage m_stage;
+    std::size_t m_next = 0;
+    std::chrono::steady_clock::time_point m_started;  // of waiting for the next step
+    std::chrono::milliseconds m_patience{10000};
+    UINT_PTR m_timer = 0;
+    bool m_busy = false;
+    bool m_finished = false;
+    Picture m_lastLook;  // of the screen, to see whether it has come to rest
+    std::chrono::steady_clock::time_point m_lastLookTime;
+};
+
+}  // namespace frame
