@@ -1,0 +1,177 @@
+#include "database/line_file.h"
+
+#include "database/line_list.h"
+#include "platform/letter_case.h"
+
+namespace {
+
+constexpr wchar_t kEvalName[] = L"Eval";
+
+std::wstring GetDefaultName(long long nNumber) {
+    return L"Line " + std::to_wstring(nNumber);
+}
+
+// The names of a line file, to tell in one step which are taken. A row without a key counts as not there.
+class CLineNames {
+  public:
+    explicit CLineNames(CKV2D_IniFile& ini) {
+        Count(ini, kLineSections.pszLive, m_mapLive);
+        Count(ini, kLineSections.pszDeleted, m_mapDeleted);
+    }
+
+    bool IsTaken(const std::wstring& strName) const {
+        return m_mapLive.count(strName) != 0 || m_mapDeleted.count(strName) != 0;
+    }
+
+    // Gives the name to a line, or the default name if it is not valid or taken, and returns what the line
+    // has got. `strReplaced` is the former name of a line of the same id, as there is after the loss of a
+    // counter file: it is free for the new name, but was still taken when the default name was chosen.
+    std::wstring ReplaceLive(const std::wstring& strReplaced, std::wstring strName, int nLineId) {
+        const auto replaced = m_mapLive.find(strReplaced);
+        const bool bValid = ValidateLineName(strName) == kLineOk;
+        const bool bOwnName = strName == strReplaced && replaced != m_mapLive.end() &&
+                              replaced->second == 1 && m_mapDeleted.count(strName) == 0;
+        if (!bValid || (IsTaken(strName) && !bOwnName)) strName = GetFreeName(nLineId);
+        if (replaced != m_mapLive.end() && --replaced->second == 0) m_mapLive.erase(replaced);
+        ++m_mapLive[strName];
+        return strName;
+    }
+
+    // "Line <n>" with the first number from `nFirst` on whose name is free.
+    std::wstring GetFreeName(int nFirst) const {
+        std::wstring strName;
+        long long nNumber = nFirst;
+        do {
+            strName = GetDefaultName(nNumber++);
+        } while (IsTaken(strName));
+        return strName;
+    }
+
+  private:
+    using CCounts = std::unordered_map<std::wstring, size_t>;
+
+    static void Count(CKV2D_IniFile& ini, const wchar_t* pszSection, CCounts& mapCounts) {
+        ini.SetSection(pszSection);
+        std::vector<std::wstring> astrKeys, astrValues;
+        ini.GetSectionEntries(astrKeys, astrValues);
+        for (size_t i = 0; i < astrKeys.size(); ++i) {
+            if (!astrKeys[i].empty()) ++mapCounts[astrValues[i]];
+        }
+    }
+
+    CCounts m_mapLive;
+    CCounts m_mapDeleted;
+};
+
+// The id that many numbers on. The largest number is followed by the smallest one.
+int AdvanceId(int nId, size_t nCount) {
+    return static_cast<int>(static_cast<unsigned>(nId) + static_cast<unsigned>(nCount));
+}
+
+// Draws that many ids and returns the first. The counter is on disk before the line file is touched: a crash
+// between the two costs ids and nothing else. A first draw creates the file.
+int DrawLineIds(const std::wstring& strCounter, size_t nCount) {
+    CKV2D_IniFile ini;
+    ini.Open(strCounter);
+    ini.SetSection(L"General");
+    int nLastId = 0;
+    ini.GetLong(L"LastLineId", nLastId, 0);
+    ini.SetLong(L"LastLineId", AdvanceId(nLastId, nCount));
+    return AdvanceId(nLastId, 1);
+}
+
+}  // namespace
+
+void CreateLineInFile(const CLineFiles& files, int& nLineId, std::wstring& strName) {
+    nLineId = DrawLineIds(files.strCounter, 1);
+    CKV2D_IniFile ini;
+    ini.Open(files.strLines);
+    strName = GetDefaultName(nLineId);
+    const bool bTaken = !FindLineKeyByName(ini, strName, true, true).empty();
+    // All names are collected only when the first one is taken, which is rare.
+    if (bTaken) strName = CLineNames(ini).GetFreeName(nLineId);
+    ini.SetSection(kLineSections.pszLive);
+    ini.SetString(LineKeyFromId(nLineId), strName);
+}
+
+int CheckRename(int nProjectId, int nLineId, std::wstring& strName) {
+    if (nProjectId < 1) return kLineInvalidProjectId;
+    if (nLineId < 1) return kLineInvalidId;
+    return ValidateLineName(strName);
+}
+
+int RenameLineInFile(const std::wstring& strPath, int nLineId, const std::wstring& strName) {
+    CKV2D_IniFile ini;
+    if (ini.Open(strPath) != kIniDone) return kLineCannotOpenDatafile;
+    if (!FindLineKeyByName(ini, strName, true, false).empty()) return kLineAlreadyExists;
+    if (!FindLineKeyByName(ini, strName, false, true).empty()) return kLineIsDeleted;
+    // Leaves the section current in which the line stands.
+    if (GetLineNameById(ini, nLineId, true, true).empty()) return kLineNotFound;
+    ini.SetString(LineKeyFromId(nLineId), strName);
+    return kLineOk;
+}
+
+void AddLinesToFile(const CLineFiles& files, const std::vector<std::wstring>& astrNames) {
+    if (astrNames.empty()) return;
+    const int nFirstId = DrawLineIds(files.strCounter, astrNames.size());
+    CKV2D_IniFile ini;
+    ini.Open(files.strLines);
+    CLineNames names(ini);
+    ini.SetSection(kLineSections.pszLive);
+    for (size_t i = 0; i < astrNames.size(); ++i) {
+        const int nLineId = AdvanceId(nFirstId, i);
+        const std::wstring strKey = LineKeyFromId(nLineId);
+        if (strKey.empty()) {
+            // A counter file with a number out of bounds: the row has no key, and so counts for no name.
+            ini.SetString(strKey, names.GetFreeName(nLineId));
+            continue;
+        }
+        std::wstring strReplaced;
+        ini.GetString(strKey, strReplaced, L"");
+        const std::wstring strName = names.ReplaceLive(strReplaced, astrNames[i], nLineId);
+        ini.SetString(strKey, strName);
+    }
+}
+
+int CLineNameLookUp::GetLineId(const std::wstring& strKeyOrName) {
+    if (int nLineId = 0; FindIdInText(strKeyOrName, kLinePrefix, nLineId)) return nLineId;
+    if (!m_bFetched) FetchLines();
+    if (platform::EqualWithoutCase(strKeyOrName, kEvalName)) return m_nFirstId;
+    const auto found = m_mapIds.find(platform::ToUpper(strKeyOrName));
+    return found == m_mapIds.end() ? 0 : found->second;
+}
+
+void CLineNameLookUp::FetchLines() {
+    m_bFetched = true;
+    std::vector<int> anIds;
+    std::vector<std::wstring> astrNames;
+    std::vector<bool> abFlags;
+    GetLineList(m_nProjectId, anIds, astrNames, abFlags, true, false, false, m_bUseCache);
+    if (!anIds.empty()) m_nFirstId = anIds.front();
+    for (size_t i = 0; i < anIds.size(); ++i)
+        m_mapIds.emplace(platform::ToUpper(astrNames[i]), anIds[i]);
+}
+
+void AppendLines(CKV2D_IniFile& ini, bool bLive, CLineNameLookUp* pNames, std::vector<int>& anIds,
+                 std::vector<std::wstring>& astrNames, std::vector<bool>& abFlags) {
+    ini.SetSection(bLive ? kLineSections.pszLive : kLineSections.pszDeleted);
+    std::vector<std::wstring> astrKeys, astrValues;
+    ini.GetSectionEntries(astrKeys, astrValues);
+    for (size_t i = 0; i < astrKeys.size(); ++i) {
+        int nLineId = 0;
+        if (pNames) {
+            nLineId = pNames->GetLineId(astrKeys[i]);
+        } else {
+            FindIdInText(astrKeys[i], kLinePrefix, nLineId);
+        }
+        anIds.push_back(nLineId);
+        astrNames.push_back(std::move(astrValues[i]));
+        abFlags.push_back(bLive);
+    }
+}
+
+void SetEvalLine(std::vector<int>& anIds, std::vector<std::wstring>& astrNames, std::vector<bool>& abFlags) {
+    anIds.assign(1, 1);
+    astrNames.assign(1, kEvalName);
+    abFlags.assign(1, true);
+}
