@@ -1,0 +1,100 @@
+// Every identifier of the module's resources. Other programs and saved positions know the numbers; they stay.
+#pragma once
+
+// Dialog templates and the menu
+#define IDD_PALETTE_CHILD 103
+#define IDD_UNUSED 104
+#define IDD_DRAWING_MANAGER 212
+#define IDR_DRAWING_MANAGER_MENU 213
+#define IDD_NEW_LINE 9240
+
+// Icons
+#define IDI_RENAME 172
+#define IDI_DELETE 174
+#define IDI_OPEN 175
+#define IDI_NEW 187
+#define IDI_COPY 222
+#define IDI_EXPLORE 224
+#define IDI_CLIENT 225
+#define IDI_STANDARD 226
+#define IDI_FOLDER 227
+#define IDI_SHOW_HIDE 229
+#define IDI_NEW_LINE 231
+#define IDI_SWAP_SIZES 232
+#define IDI_ISOPLANE_OFF 233
+#define IDI_ISOPLANE_TOP 234
+#define IDI_ISOPLANE_LEFT 235
+#define IDI_ISOPLANE_TOP_TURNED 236
+#define IDI_ISOPLANE_LEFT_TURNED 237
+#define IDI_ISOPLANE_RIGHT_TURNED 238
+#define IDI_ISOPLANE_RIGHT 239
+#define IDI_DRAWING_NORMAL 243
+#define IDI_DRAWING_BACKUP 244
+#define IDI_DRAWING_LOCKED 245
+#define IDI_DRAWING_READ_ONLY 246
+#define IDI_PROGRAM 247
+
+// A control that nobody asks for
+#ifndef IDC_STATIC
+#define IDC_STATIC (-1)
+#endif
+
+// Controls of the palette's dialog (template 103)
+#define IDC_PALETTE_TABBED_MENU 201
+#define IDC_PALETTE_DRAWING_MANAGER 202
+#define IDC_PALETTE_SWAP_SIZE 205
+#define IDC_PALETTE_COMBO_1 209
+#define IDC_PALETTE_TITLE_1 210
+#define IDC_PALETTE_COMBO_2 211
+#define IDC_PALETTE_TITLE_2 212
+#define IDC_PALETTE_COMBO_3 213
+#define IDC_PALETTE_TITLE_3 214
+#define IDC_PALETTE_COMBO_4 215
+#define IDC_PALETTE_TITLE_4 216
+#define IDC_PALETTE_NEW_LINE 217
+#define IDC_PALETTE_ISOPLANE 222
+
+// Controls of the Drawing Manager (template 212)
+#define IDC_DRAWING_LIST 202
+#define IDC_LOCATION 203
+#define IDC_THUMBNAIL 204
+#define IDC_TREE 206
+#define IDC_DRAWINGS_LABEL 207
+#define IDC_DRAWING_BOX 208
+#define IDC_LOCATION_LABEL 209
+#define IDC_SINGLE_DOC 218
+#define IDC_SPLITTER_VERTICAL 1000
+#define IDC_SPLITTER_HORIZONTAL 1001
+#define IDC_STANDARD_BOX 1004
+#define IDC_EXPLORE 1030
+#define IDC_RENAME_DRAWING 1036
+#define IDC_NEW_DRAWING 1037
+#define IDC_OPEN_DRAWING 1038
+#define IDC_COPY_DRAWING 1039
+#define IDC_SHOW_HIDE 1040
+#define IDC_OPEN_STANDARD 1041
+#define IDC_DELETE_DRAWING 1057
+#define IDC_HELP_BUTTON 1061
+
+// Controls of the new line dialog (template 9240)
+#define IDC_NEW_LINE_NUMBER 203
+
+// Commands of the popup "Projects" of menu 213
+#define ID_PROJECTS_REFRESHLIST 214
+#define ID_PROJECTS_OPEN 228
+#define ID_PROJECTS_NEWFOLDER 32770
+#define ID_PROJECTS_RENAME 32771
+#define ID_PROJECTS_DELETE 32773
+
+// Commands of the popup "Drawings" of menu 213
+#define ID_DRAWINGS_NEW 181
+#define ID_DRAWINGS_RENAME 182
+#define ID_DRAWINGS_DELETE 184
+#define ID_DRAWINGS_REFRESHLIST 185
+#define ID_DRAWINGS_OPEN 215
+#define ID_DRAWINGS_SHOWBACKUPS 219
+#define ID_DRAWINGS_COPY 220
+#define ID_DRAWINGS_OPENREADONLY 242
+
+// String table
+#define IDS_PROGRAM_NAME 101
