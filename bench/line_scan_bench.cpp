@@ -1,0 +1,127 @@
+// The scan for line numbers in an open drawing, of which one entity in ten is a tag with a number of its own,
+// against a bare walk that opens each entity once. The time per entity stays level as the drawing grows.
+#include <benchmark/benchmark.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "acdocman.h"
+#include "dbents.h"
+#include "dbobjptr.h"
+#include "dbsymtb.h"
+#include "document/drawing_queries.h"
+
+namespace {
+
+constexpr int kEntitiesPerTag = 10;
+
+AcDbObjectId AddBlock(AcDbDatabase& database, const wchar_t* name) {
+    AcDbObjectPointer<AcDbBlockTable> blocks(database.blockTableId(), AcDb::kForWrite);
+    AcDbObjectPointer<AcDbBlockTableRecord> block;
+    block.create();
+    block->setName(name);
+    AcDbObjectId id;
+    blocks->add(id, block);
+    return id;
+}
+
+void AddTag(AcDbBlockTableRecord& modelSpace, AcDbObjectId blockId, const std::wstring& line) {
+    AcDbObjectPointer<AcDbBlockReference> tag;
+    tag.create();
+    tag->setBlockTableRecord(blockId);
+    modelSpace.appendAcDbEntity(tag);
+    AcDbObjectPointer<AcDbAttribute> attribute;
+    attribute.create();
+    attribute->setTag(L"LIN_NUM");
+    attribute->setTextString(line.c_str());
+    tag->appendAttribute(attribute);
+}
+
+void Fill(AcDbDatabase& database, int64_t entities) {
+    const AcDbObjectId tagBlock = AddBlock(database, L"TAGLINE");
+    AcDbObjectPointer<AcDbBlockTableRecord> modelSpace(GetModelSpaceId(&database), AcDb::kForWrite);
+    for (int64_t i = 0; i < entities; ++i) {
+        if (i % kEntitiesPerTag == 0) {
+            AddTag(*modelSpace, tagBlock, L"P-" + std::to_wstring(i));
+        } else {
+            AcDbObjectPointer<AcDbLine> line;
+            line.create();
+            modelSpace->appendAcDbEntity(line);
+        }
+    }
+}
+
+// A new document with that many entities, closed again at the end.
+class Drawing {
+  public:
+    explicit Drawing(int64_t entities) {
+        acDocManager->appContextNewDocument(L"");
+        m_document = acDocManager->curDocument();
+        acDocManager->lockDocument(m_document);
+        Fill(*m_document->database(), entities);
+        acDocManager->unlockDocument(m_document);
+    }
+    ~Drawing() { acDocManager->appContextCloseDocument(m_document); }
+
+    AcApDocument& Document() const { return *m_document; }
+
+  private:
+    AcApDocument* m_document;
+};
+
+void Report(benchmark::State& state) {
+    state.SetComplexityN(state.range(0));
+    state.counters["per entity"] =
+        benchmark::Counter(static_cast<double>(state.iterations() * state.range(0)),
+                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+}
+
+void WalkEntities(benchmark::State& state) {
+    const Drawing drawing(state.range(0));
+    for (auto _ : state) {
+        AcDbObjectPointer<AcDbBlockTableRecord> modelSpace(GetModelSpaceId(drawing.Document().database()),
+                                                           AcDb::kForRead);
+        AcDbBlockTableRecordIterator* iterator = nullptr;
+        modelSpace->newIterator(iterator);
+        const std::unique_ptr<AcDbBlockTableRecordIterator> owner(iterator);
+        for (; !iterator->done(); iterator->step()) {
+            AcDbObjectId id;
+            iterator->getEntityId(id);
+            AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+            benchmark::DoNotOptimize(entity.object());
+        }
+    }
+    Report(state);
+}
+
+void CollectLines(benchmark::State& state) {
+    const Drawing drawing(state.range(0));
+    for (auto _ : state) {
+        std::vector<std::wstring> lines;
+        if (CollectLineNumbers(lines, drawing.Document().fileName()) != Acad::eOk ||
+            lines.size() != static_cast<size_t>(state.range(0) / kEntitiesPerTag)) {
+            state.SkipWithError("wrong result");
+            break;
+        }
+        benchmark::DoNotOptimize(lines.data());
+    }
+    Report(state);
+}
+
+BENCHMARK(WalkEntities)
+    ->Arg(1'000)
+    ->Arg(10'000)
+    ->Arg(100'000)
+    ->Arg(200'000)
+    ->Complexity()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(CollectLines)
+    ->Arg(1'000)
+    ->Arg(10'000)
+    ->Arg(100'000)
+    ->Arg(200'000)
+    ->Complexity()
+    ->Unit(benchmark::kMicrosecond);
+
+}  // namespace
