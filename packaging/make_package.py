@@ -50,7 +50,7 @@ def lay_out(root, binaries, version):
         put_text(TOP / "packaging" / name, root / "Registry" / name, version, "utf-16")
     put_text(TOP / "packaging/UserSettings.ini", root / "UserSettings.ini", version)
     put_text(TOP / "packaging/README.txt.in", root / "README.txt", version)
-    shutil.copytree(TOP / "docs", root / "docs")
+    shutil.copytree(TOP / "docs", root / "docs", ignore=shutil.ignore_patterns("take-from-tour"))
 
 
 def sums(root):

@@ -1,4 +1,5 @@
-"""Installs the package as its own install guide says, in a prefix where nothing of ours was before, and starts it.
+"""Installs the package as its own install guide says, in a prefix where nothing of ours was before, starts it, and
+uninstalls it.
 
   package_test.py TOP BIN DIR            makes the package from the programs in BIN and does everything else in DIR
   package_test.py --inside ROOT SHARE    the part that runs in the new prefix
@@ -141,6 +142,8 @@ def start(guide, root):
     lines = list(commands(section(guide, "Trying it in the workbench")))
     check(len(lines) == 1, f"the guide starts the workbench with {lines}")
     transcript = out / "transcript.txt"
+    # The trace, as the guide describes it.
+    os.environ["KV2D_TRACE"] = r"C:\trace.txt"
     status, output = wine(*lines[0], "/script", z_path(script), "/transcript", z_path(transcript), "/pictures", z_path(out),
                           seconds=300)
     said = transcript.read_text(encoding="utf-8") if transcript.exists() else "there is no transcript"
@@ -153,9 +156,36 @@ def registry_value(key, name):
     return wine("reg", "query", key, "/v", name)[1]
 
 
+def has_key(key):
+    return wine("reg", "query", key)[0] == 0
+
+
+def check_trace(guide):
+    lines = host_path(r"C:\trace.txt").read_text(encoding="cp1252").splitlines()
+    names = {line[2:].rpartition("::")[2] for line in lines}
+    for name in ["UpdateForDocument", "OnTimer", "OnBnClickedButtonDrawingManager", "kv2dMenu_kv2dDrawingManager()"]:
+        check(name in names and f"{name}`" in guide, f"the trace is {lines}")
+    inside = [line for line in lines if "OnKV2DNotify" not in line]
+    check(inside.count("- " + inside[0][2:]) == inside.count(inside[0]), f"the trace has no pairs: {lines}")
+
+
+def uninstall(guide):
+    """The guide's commands; nothing of the machine's is left."""
+    for arguments in commands(section(guide, "Uninstalling")):
+        status, output = wine(*(a.replace("PRODUCT-KEY", PRODUCT_KEY) for a in arguments))
+        check(status == 0, f"{' '.join(arguments)} ended with {status}: {output}")
+    for key in [r"HKLM\Software\KALVOR\Orvex\2023", r"HKCU\Software\KALVOR\Orvex\2023",
+                rf"HKLM\{PRODUCT_KEY}\Applications\kv2dMenu", r"HKCR\TypeLib\{77529779-442F-43F2-9932-A4876EB56D8D}",
+                r"HKCR\CLSID\{B4FD4FC6-4EBA-4D06-8244-BB09A940C60A}", r"HKCR\AUTOCAD.DwgThumbnailCtrl.4"]:
+        check(not has_key(key), f"{key} is left")
+    for folder in [r"C:\Program Files\KALVOR\Orvex 2023\kv2dMenu.bundle", r"C:\ProgramData\KALVOR\Orvex 2023"]:
+        check(not host_path(folder).exists(), f"{folder} is left")
+    left = list(host_path(r"C:\Program Files\Common Files\KALVOR").iterdir())
+    check(not left, f"{left} are left")
+
+
 def inside(root, share):
-    before = wine("reg", "query", r"HKLM\Software\KALVOR")[0]
-    check(before != 0, "the prefix knows the product already")
+    check(not has_key(r"HKLM\Software\KALVOR"), "the prefix knows the product already")
     guide = install(root, share)
     loader = registry_value(rf"HKLM\{PRODUCT_KEY}\Applications\kv2dMenu", "LOADER")
     check(MODULE in loader and host_path(MODULE).is_file(), f"load on demand would load {loader}")
@@ -163,7 +193,9 @@ def inside(root, share):
     check(f"Loading {MODULE}..." in said, "the transcript does not tell that the installed module was loaded")
     shown = registry_value(r"HKCU\Software\KALVOR\Orvex\2023\KALVOR 2D\PID\ToolboxMenu", "Show Menu")
     check("0x1" in shown, f"the palette did not store that it shows: {shown}")
-    print("package_test: installed and started")
+    check_trace(guide)
+    uninstall(guide)
+    print("package_test: installed, started and uninstalled")
 
 
 def main():
