@@ -90,7 +90,7 @@ def check_lisp(root, pages):
         yield f"lisp_functions.cpp has {len(formats)} formats"
     for text in formats:
         name = re.search(r"\((kv2dMenu_\w+)", text).group(1)
-        if f"`{text}`" not in pages["docs/lisp.md"] or f"\n## {name}\n" not in pages["docs/lisp.md"]:
+        if f"\n{text}\n" not in pages["docs/lisp.md"] or f"\n## {name}\n" not in pages["docs/lisp.md"]:
             yield f"docs/lisp.md does not tell: {text}"
 
 
