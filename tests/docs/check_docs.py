@@ -83,6 +83,19 @@ def check_messages(root, pages):
         yield "the documentation has no table of messages"
 
 
+def check_labels(root, pages):
+    """What the user guide sets in italics with a capital stands on a button, in a menu or in a tip."""
+    resources = (root / "src/resources/kv2dMenu.rc").read_text(encoding="utf-8")
+    labels = set(texts_of(root)) | {label.rstrip(".") for label in re.findall(r'"([^"]*)"', resources)} | {"No"}
+    page = plain(pages["docs/user-guide.md"])
+    named = re.findall(r"(?<!\*)\*([A-Z][^*|]*)\*(?!\*)", page)
+    if len(named) < 8:
+        yield f"docs/user-guide.md names only {named}"
+    for name in sorted(set(named)):
+        if name not in labels:
+            yield f"docs/user-guide.md: no button, menu item or tip says {name}"
+
+
 def check_lisp(root, pages):
     source = (root / "src/shell/lisp_functions.cpp").read_text(encoding="utf-8")
     formats = re.findall(r'L"(Function format is: [^"\\]*)', source)
@@ -120,7 +133,8 @@ def main():
     root = pathlib.Path(sys.argv[1]).resolve()
     pages = {p.relative_to(root).as_posix(): p.read_text(encoding="utf-8")
              for p in [root / "README.md", *sorted((root / "docs").glob("*.md"))]}
-    checks = [check_links, check_switches, check_paths, check_messages, check_lisp, check_registry, check_dispatch]
+    checks = [check_links, check_switches, check_paths, check_messages, check_labels, check_lisp,
+              check_registry, check_dispatch]
     faults = [fault for check in checks for fault in check(root, pages)]
     print("\n".join(faults))
     return 1 if faults else 0
