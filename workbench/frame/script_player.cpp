@@ -20,6 +20,13 @@ constexpr UINT kTickMilliseconds = 15;
 // it.
 constexpr std::chrono::milliseconds kRest{250};
 
+constexpr int kTextOfMessageBox = 0xFFFF;
+constexpr std::chrono::milliseconds kShortPatience{1500};
+constexpr std::chrono::milliseconds kMessagePatience{200};
+constexpr std::chrono::milliseconds kClosingPatience{10000};
+constexpr unsigned int kMostClosings = 100;
+constexpr UINT kStuck = 3;  // the program's exit status
+
 ScriptPlayer* g_player = nullptr;  // timers without a window carry no data
 
 bool SameName(const std::wstring& a, const std::wstring& b) {
@@ -34,6 +41,10 @@ POINT ToScreen(HWND window, POINT point) {
 void NotifyParent(HWND control, UINT code) {
     PostMessageW(GetParent(control), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), code),
                  reinterpret_cast<LPARAM>(control));
+}
+
+bool IsMessageBox(HWND dialog) {
+    return dialog != nullptr && GetDlgItem(dialog, kTextOfMessageBox) != nullptr;
 }
 
 bool IsListBox(HWND window) {
@@ -112,6 +123,10 @@ void CALLBACK ScriptPlayer::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
 
 void ScriptPlayer::Tick() {
     if (m_busy || m_finished) return;
+    if (m_givingUp) {
+        GiveUp();
+        return;
+    }
     if (m_next >= m_script.steps.size()) {
         if (m_stage.idle()) Finish(true);
         return;
@@ -120,8 +135,10 @@ void ScriptPlayer::Tick() {
     const ScriptStep step = m_script.steps[m_next];
     const Outcome outcome = Attempt(step);
     m_busy = false;
+    if (outcome.progress == Progress::kWaiting && m_stage.givesUp && CloseMessageBox()) return;
+    const auto patience = m_stage.givesUp ? std::min(m_patience, kShortPatience) : m_patience;
     if (outcome.progress == Progress::kFailed ||
-        (outcome.progress == Progress::kWaiting && Clock::now() - m_started > m_patience)) {
+        (outcome.progress == Progress::kWaiting && Clock::now() - m_started > patience)) {
         Fail(L"line " + std::to_wstring(step.line) + L": " + step.text + L": " + outcome.reason);
         return;
     }
@@ -135,7 +152,48 @@ void ScriptPlayer::Tick() {
 
 void ScriptPlayer::Fail(const std::wstring& reason) {
     m_stage.note(L"*** " + reason + L"; open dialogs:" + DescribeDialogs());
-    Finish(false);
+    if (!m_stage.givesUp) {
+        Finish(false);
+        return;
+    }
+    m_givingUp = true;
+    m_started = Clock::now();
+}
+
+// A message that the script does not wait for, in a session that does not always go as the script expects.
+// False if there is none, or if it has not been there long enough for the script to see it.
+bool ScriptPlayer::CloseMessageBox() {
+    const HWND box = TopDialog();
+    if (!IsMessageBox(box) || Clock::now() - m_started < kMessagePatience || m_closings > kMostClosings)
+        return false;
+    m_stage.note(L"[" + WindowText(box) + L": " + WindowText(GetDlgItem(box, kTextOfMessageBox)) + L"]");
+    CloseTopDialog();
+    m_started = Clock::now();
+    return true;
+}
+
+// One try: a question is answered by one of the buttons, whichever it has. False if there is nothing to
+// close.
+bool ScriptPlayer::CloseTopDialog() {
+    constexpr WPARAM kAnswers[] = {IDYES, IDOK, IDNO};
+    const HWND dialog = TopDialog();
+    if (dialog == nullptr) return false;
+    const WPARAM button =
+        IsMessageBox(dialog) ? kAnswers[m_closings++ % std::size(kAnswers)] : WPARAM{IDCANCEL};
+    PostMessageW(dialog, WM_COMMAND, button, 0);
+    return true;
+}
+
+void ScriptPlayer::GiveUp() {
+    if (OpenPopupMenu() != nullptr) {
+        EndMenu();
+    } else if (!CloseTopDialog() && m_stage.idle()) {
+        Finish(false);
+        return;
+    }
+    if (Clock::now() - m_started < kClosingPatience) return;
+    m_stage.note(L"*** the session cannot be closed; open dialogs:" + DescribeDialogs());
+    TerminateProcess(GetCurrentProcess(), kStuck);
 }
 
 void ScriptPlayer::Finish(bool succeeded) {

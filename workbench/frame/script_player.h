@@ -30,6 +30,7 @@ class ARX_PORT ScriptPlayer {
         std::function<HWND()> mainWindow;
         std::function<DockManager*()> docks;
         std::function<void(bool succeeded)> finished;
+        bool givesUp = false;        // waits shortly, and closes all dialogs after a step that failed
         std::wstring pictureFolder;  // where pictures go; empty: pictures are skipped and said to be
     };
 
@@ -53,6 +54,9 @@ class ARX_PORT ScriptPlayer {
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
     void Tick();
     void Fail(const std::wstring& reason);
+    void GiveUp();
+    bool CloseMessageBox();
+    bool CloseTopDialog();
     void Finish(bool succeeded);
 
     Outcome Attempt(const ScriptStep& step);
@@ -76,7 +80,9 @@ class ARX_PORT ScriptPlayer {
     UINT_PTR m_timer = 0;
     bool m_busy = false;
     bool m_finished = false;
-    Picture m_lastLook;  // of the screen, to see whether it has come to rest
+    bool m_givingUp = false;
+    unsigned int m_closings = 0;  // tries to close a dialog
+    Picture m_lastLook;           // of the screen, to see whether it has come to rest
     std::chrono::steady_clock::time_point m_lastLookTime;
 };
 
