@@ -20,6 +20,7 @@ void DropObjects(AcDbImpDatabase& data) {
             delete stub.object;
             stub.object = nullptr;
             stub.data = nullptr;
+            stub.type = nullptr;
         }
     }
 }
