@@ -120,10 +120,11 @@ class Excerpt {
         if (part.type == "SECTION") m_section = part.name;
         if (m_section == "ENTITIES" && part.type != "SECTION") return TakeOfModel(part);
         const bool isOfBlock = m_section == "BLOCKS" && part.type != "SECTION" && part.type != "ENDSEC" &&
-                               part.type != "BLOCK" && part.type != "ENDBLK";
+                               part.type != "BLOCK" && part.type != "ENDBLK" && part.type != "EOF";
         if (isOfBlock && !m_blocks.Take(part)) return true;
         if (!isOfBlock) m_tableBytes += part.text.size();
         m_text += part.text;
+        if (part.type == "ENDSEC") m_section = {};
         return true;
     }
     bool ReachedModel() const { return m_section == "ENTITIES"; }

@@ -148,13 +148,16 @@ bool Session::Start(const Options& options) {
     m_host->TheEditor().addReactor(m_workspaceWatcher.get());
     MakeAutomation();
 
+    // Before the module: it may show a message box while it loads, which the script then answers.
+    StartScript(options);
     LoadModule(options);
     if (!options.withoutDrawing && options.drawings.empty()) m_host->Documents().New(L"");
     for (const std::wstring& drawing : options.drawings)
         Open(drawing, false, true);
     AfterInput();
     m_exitStatus = 0;
-    StartScript(options);
+    m_starting = false;
+    if (m_player != nullptr) m_player->WaitAnew();
     return true;
 }
 
@@ -282,7 +285,7 @@ bool Session::OnIdle() {
 }
 
 bool Session::IsIdle() const {
-    if (m_inputDepth > 0 || m_frame == nullptr || !m_frame->IsWindowEnabled()) return false;
+    if (m_starting || m_inputDepth > 0 || m_frame == nullptr || !m_frame->IsWindowEnabled()) return false;
     Document* active = m_host->Documents().Active();
     return active == nullptr || active->Queue().empty();
 }

@@ -95,6 +95,11 @@ TEST(DrawingExcerpt, FileWithoutAModel_IsLeftAsItIs) {
     EXPECT_EQ(TakeDrawingExcerpt(file, true), file);
 }
 
+TEST(DrawingExcerpt, FileWithoutAModelBeyondTheLimit_KeepsItsEnd) {
+    EXPECT_EQ(TakeDrawingExcerpt(Blocks(kLine + kLine) + "  0\nEOF\n", true, {1, kPlenty}),
+              Blocks(kLine) + "  0\nEOF\n");
+}
+
 TEST(DrawingExcerpt, OtherText_IsLeftAsItIs) {
     for (const char* text : {"", "\n", "no drawing", "  0\nEOF\n", "  1\n"})
         EXPECT_EQ(TakeDrawingExcerpt(text, true), text);
