@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <string>
 
 using namespace controls;
@@ -92,6 +94,17 @@ TEST(PreviewPicture, BlockWithoutItsMark_IsNone) {
     std::string file = Drawing(2, 0x60, "picture", 7);
     file[0x20] = 'x';
     EXPECT_EQ(FindPreviewPicture(file).kind, PreviewKind::kNone);
+}
+
+TEST(PreviewPicture, DemonstrationsBinaryDrawing_HasAWholeOne) {
+    std::ifstream file(KV2D_DEMO_FOLDER "/binary/TF-PID-002.dwg", std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    const PreviewPicture preview = FindPreviewPicture(bytes);
+    ASSERT_EQ(preview.kind, PreviewKind::kBitmap);
+    BitmapLayout layout;
+    ASSERT_TRUE(MeasureBitmap(preview.bytes, layout));
+    EXPECT_EQ(layout.width, 256);
+    EXPECT_EQ(layout.height, 192);
 }
 
 TEST(PreviewPicture, DxfText_IsNoBinaryDrawing) {
