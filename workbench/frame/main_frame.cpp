@@ -15,8 +15,9 @@ namespace {
 constexpr UINT kWorkRequested = WM_APP + 1;
 constexpr int kTabHeight = 26;
 constexpr int kCommandLineHeight = 104;
-constexpr UINT kTabsId = 201;
-constexpr UINT kStatusBarId = 202;
+// Beyond the ids that scripts look for in the palettes and dialogs of modules.
+constexpr UINT kTabsId = 0x7001;
+constexpr UINT kStatusBarId = 0x7002;
 constexpr std::array<int, 3> kStatusParts = {230, 430, -1};
 
 struct MenuEntry {

@@ -117,6 +117,10 @@ void ScriptPlayer::Start() {
     m_timer = SetTimer(nullptr, 0, kTickMilliseconds, &ScriptPlayer::OnTimer);
 }
 
+void ScriptPlayer::WaitAnew() {
+    m_started = Clock::now();
+}
+
 void CALLBACK ScriptPlayer::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     if (g_player != nullptr) g_player->Tick();
 }

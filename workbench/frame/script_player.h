@@ -40,6 +40,8 @@ class ARX_PORT ScriptPlayer {
     ScriptPlayer& operator=(const ScriptPlayer&) = delete;
 
     void Start();
+    // The step that is waited for gets its whole patience again: what went before was not its doing.
+    void WaitAnew();
 
   private:
     enum class Progress { kDone, kWaiting, kFailed };

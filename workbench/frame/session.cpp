@@ -156,16 +156,16 @@ bool Session::Start(const Options& options) {
     MakeAutomation();
     if (!options.hostile.empty()) m_hostile = std::make_unique<HostileHost>(options.hostile);
 
-    // Ahead of all that may show a message: a script answers that too. It has to wait with everything else.
-    ++m_inputDepth;
-    m_exitStatus = 0;
+    // Before the module: it may show a message box while it loads, which the script then answers.
     StartScript(options);
     LoadModule(options);
     if (!options.withoutDrawing && options.drawings.empty()) m_host->Documents().New(L"");
     for (const std::wstring& drawing : options.drawings)
         Open(drawing, false, true);
-    --m_inputDepth;
     AfterInput();
+    m_exitStatus = 0;
+    m_starting = false;
+    if (m_player != nullptr) m_player->WaitAnew();
     return true;
 }
 
@@ -306,7 +306,7 @@ bool Session::OnIdle() {
 }
 
 bool Session::IsIdle() const {
-    if (m_inputDepth > 0 || m_frame == nullptr || !m_frame->IsWindowEnabled()) return false;
+    if (m_starting || m_inputDepth > 0 || m_frame == nullptr || !m_frame->IsWindowEnabled()) return false;
     Document* active = m_host->Documents().Active();
     return active == nullptr || active->Queue().empty();
 }

@@ -96,6 +96,7 @@ class ARX_PORT Session : public workbench::host::Surface {
     std::wstring m_programFolder;  // with its backslash
     bool m_scripted = false;
     bool m_drawingChanged = false;
+    bool m_starting = true;  // input of a script waits
     int m_inputDepth = 0;
     int m_exitStatus = 2;  // until the session has started
 };
