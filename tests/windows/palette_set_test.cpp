@@ -229,6 +229,16 @@ TEST_F(PaletteSet, HostsLimitsOfSize_Stand) {
     EXPECT_EQ(largest, hostLargest);
 }
 
+TEST_F(PaletteSet, ComingUp_LeavesTheFocusWhereItWas) {
+    Start();
+    Frame().SetForegroundWindow();
+    Frame().SetFocus();
+    const HWND before = GetFocus();
+    ASSERT_NE(before, nullptr);
+    Init(kAppPid);
+    EXPECT_EQ(GetFocus(), before);
+}
+
 // --- the host's profile
 
 TEST_F(PaletteSet, LoadAndSave_TakeAnyNodeAndKeepNothing) {
