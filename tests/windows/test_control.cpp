@@ -250,7 +250,9 @@ STDMETHODIMP Control::Invoke(DISPID dispid, REFIID, LCID, WORD flags, DISPPARAMS
     const VARIANTARG* args = params->rgvarg;
     switch (dispid) {
         case 1:
-            if (put) {
+            if (put && args[0].vt == VT_I2) {
+                g_seen.iconSizes.push_back(args[0].iVal);
+            } else if (put) {
                 if (args[0].vt != VT_BSTR) return DISP_E_TYPEMISMATCH;
                 g_seen.text = args[0].bstrVal ? args[0].bstrVal : L"";
             } else {
@@ -268,7 +270,13 @@ STDMETHODIMP Control::Invoke(DISPID dispid, REFIID, LCID, WORD flags, DISPPARAMS
             return S_OK;
         case 4:
             if (params->cArgs != 1 || args[0].vt != VT_BSTR) return DISP_E_BADPARAMCOUNT;
-            PutBool(result, std::wstring(args[0].bstrVal).starts_with(L"good"));
+            g_seen.loaded.push_back(args[0].bstrVal ? args[0].bstrVal : L"");
+            PutBool(result, g_seen.loadsAll || g_seen.loaded.back().starts_with(L"good"));
+            return S_OK;
+        case 10:
+            if (put || params->cArgs != 1 || args[0].vt != VT_I2) return DISP_E_TYPEMISMATCH;
+            result->vt = VT_I2;
+            result->iVal = g_seen.kinds[args[0].iVal];
             return S_OK;
         case 11:
             if (put) {
@@ -277,6 +285,7 @@ STDMETHODIMP Control::Invoke(DISPID dispid, REFIID, LCID, WORD flags, DISPPARAMS
                 }
                 g_seen.states[args[1].bstrVal] = args[0].boolVal != VARIANT_FALSE;
             } else {
+                g_seen.asked.push_back(args[0].bstrVal);
                 PutBool(result, g_seen.states[args[0].bstrVal]);
             }
             return S_OK;
@@ -373,11 +382,11 @@ HRESULT FirePickedWithTooFew() {
     return Fire(1, &arg, 1);
 }
 
-Registration::Registration() {
+Registration::Registration(const CLSID& classId) {
     static Factory factory;
     OleInitialize(nullptr);
     g_seen = Record{};
-    CoRegisterClassObject(kClass, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &m_cookie);
+    CoRegisterClassObject(classId, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &m_cookie);
 }
 
 Registration::~Registration() {

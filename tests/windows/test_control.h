@@ -1,15 +1,19 @@
 // An OLE control made by hand, for the tests of the framework's container. It lives in the test program.
 //
-// Properties and methods: 1 Text (BSTR), 2 Size (short), -514 Enabled (BOOL), method 4 Load(BSTR) that
-// answers whether the text begins with "good", property 11 State(name BSTR) (BOOL), method 20 fails with a
-// description, method 21 fails without one, method 22 Sum(I4, R8, VARIANT) as R8. Events: 1 Picked(I2, BSTR),
-// 2 Plain(), 3 Flag(BOOL).
+// Properties and methods: 1 Text (BSTR, or an icon size as I2), 2 Size (short), -514 Enabled (BOOL), method 4
+// Load(BSTR) that answers whether the text begins with "good" unless told to take every one, property 10
+// Kind(number I2) (I2), property 11 State(name BSTR) (BOOL), method 20 fails with a description, method 21
+// fails without one, method 22 Sum(I4, R8, VARIANT) as R8. Events: 1 Picked(I2, BSTR), 2 Plain(), 3
+// Flag(BOOL).
 #pragma once
+
+#include <windows.h>
 
 #include <ole2.h>
 
 #include <map>
 #include <string>
+#include <vector>
 
 namespace test_control {
 
@@ -31,6 +35,11 @@ struct Record {
     short size = 0;
     bool enabled = true;
     std::map<std::wstring, bool> states;
+    bool loadsAll = false;             // set by a test: Load succeeds whatever the text
+    std::vector<std::wstring> loaded;  // what Load was called with
+    std::vector<short> iconSizes;      // every one that was set
+    std::map<short, short> kinds;      // by number, set by a test
+    std::vector<std::wstring> asked;   // names whose State was read
 };
 Record& Seen();
 
@@ -42,10 +51,10 @@ HRESULT FireFlag(bool flag);
 HRESULT FirePickedWithWrongTypes();
 HRESULT FirePickedWithTooFew();
 
-// While it lives, the class is registered in this process.
+// While it lives, the class is registered in this process, or the control under the name of another class.
 class Registration {
   public:
-    Registration();
+    explicit Registration(const CLSID& classId = kClass);
     ~Registration();
     Registration(const Registration&) = delete;
     Registration& operator=(const Registration&) = delete;

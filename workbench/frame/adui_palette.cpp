@@ -22,9 +22,13 @@ BOOL CAdUiPalette::Create(DWORD dwStyle, LPCTSTR lpszTitle, CAdUiPaletteSet* pPa
     m_dwPaletteStyle = dwPaletteStyle;
     CRect client;
     pPaletteSetParent->GetClientRect(&client);
-    return CWnd::Create(
+    const HWND focus = ::GetFocus();
+    const BOOL created = CWnd::Create(
         AfxRegisterWndClass(CS_DBLCLKS, LoadCursor(nullptr, IDC_ARROW), GetSysColorBrush(COLOR_BTNFACE)),
         lpszTitle, dwStyle | WS_CLIPCHILDREN, client, pPaletteSetParent, 0);
+    // A dialog on the palette takes the focus when it is made; what the user types is meant for the drawing.
+    if (focus != nullptr && created && ::IsChild(m_hWnd, ::GetFocus())) ::SetFocus(focus);
+    return created;
 }
 
 BOOL CAdUiPalette::Load(IUnknown*) {

@@ -170,7 +170,9 @@ void MainFrame::RecalcLayout(BOOL) {
     m_commandLine.MoveWindow(0, commandTop, width, statusTop - commandTop);
     m_tabs.MoveWindow(0, 0, width, kTabHeight);
     const LayoutRect center = m_docks->LayOut({0, kTabHeight, width, std::max(commandTop - 2, kTabHeight)});
-    m_view->MoveWindow(center.left, center.top, center.Width(), center.Height());
+    // The picture is drawn anew: copied, it would bring along what lay over it, such as a splitter.
+    m_view->SetWindowPos(nullptr, center.left, center.top, center.Width(), center.Height(),
+                         SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }
 
 void MainFrame::SetDocuments(const std::vector<std::wstring>& titles, int current) {

@@ -1,0 +1,89 @@
+// Long use leaves nothing behind: changes of drawing, palettes made and destroyed.
+//
+// A run of the suite changes the drawing 1,000 times. KV2D_SWITCHES=10000 in the environment makes it any
+// other number.
+#include "palette_fixture.h"
+
+// Behind everything that brings the system's types.
+#include <psapi.h>
+
+namespace {
+
+int WantedSwitches() {
+    const char* text = std::getenv("KV2D_SWITCHES");
+    return text ? std::atoi(text) : 1000;
+}
+
+SIZE_T PrivateBytes() {
+    PROCESS_MEMORY_COUNTERS_EX counters{};
+    counters.cb = sizeof(counters);
+    GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
+                         sizeof(counters));
+    return counters.PrivateUsage;
+}
+
+// Windows, menus, icons, cursors. 0 on a system that does not count them; icons show in their bitmaps there.
+DWORD UserObjects() {
+    return GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+}
+
+class PaletteLeaks : public PaletteTest {
+  protected:
+    int m_changes = 0;
+};
+
+constexpr SIZE_T kMegabyte = 1024 * 1024;
+
+}  // namespace
+
+TEST_F(PaletteLeaks, ManyChangesOfDrawing_LeaveNothingBehind) {
+    UseUsualDatabase();
+    StartPalette(kAppIsometric);
+    AcApDocument* first = NewDrawing(5);
+    AddElement(12);
+    AcApDocument* second = NewDrawing(5);
+    AcApDocument* third = NewDrawing(0);
+    const auto change = [&](int times) {
+        for (int i = 0; i < times; ++i)
+            for (AcApDocument* document : {first, third, second}) {
+                acDocManager->activateDocument(document);
+                if (++m_changes % 50 == 0) windows::PumpWaiting();
+            }
+    };
+    change(20);
+    windows::PumpWaiting();
+    const windows::HandleCount before = windows::HandleCount::Now();
+    const DWORD userBefore = UserObjects();
+    const SIZE_T memoryBefore = PrivateBytes();
+    change((WantedSwitches() + 2) / 3);
+    windows::PumpWaiting();
+    const windows::HandleCount after = windows::HandleCount::Now();
+    EXPECT_LE(after.gdi, before.gdi);
+    EXPECT_LE(after.windows, before.windows);
+    EXPECT_LE(UserObjects(), userBefore);
+    EXPECT_LE(PrivateBytes(), memoryBefore + kMegabyte);
+    RecordProperty("changes", m_changes);
+}
+
+TEST_F(PaletteLeaks, PaletteMadeAndDestroyed100Times_LeavesNothingBehind) {
+    UseUsualDatabase();
+    const auto once = [this](int app) {
+        StartPalette(app);
+        NewDrawing(5);
+        End();
+    };
+    for (int app : {kAppElectric, kAppPid, kAppIsometric, kAppOrtho})
+        once(app);
+    const windows::HandleCount before = windows::HandleCount::Now();
+    const DWORD userBefore = UserObjects();
+    const SIZE_T memoryBefore = PrivateBytes();
+    for (int i = 0; i < 25; ++i)
+        for (int app : {kAppElectric, kAppPid, kAppIsometric, kAppOrtho})
+            once(app);
+    const windows::HandleCount after = windows::HandleCount::Now();
+    EXPECT_LE(after.gdi, before.gdi + 2);
+    EXPECT_LE(after.windows, before.windows);
+    EXPECT_LE(UserObjects(), userBefore);
+    EXPECT_LE(PrivateBytes(), memoryBefore + 4 * kMegabyte);
+    EXPECT_EQ(test_control::Seen().alive, 0);
+}
