@@ -20,6 +20,10 @@ constexpr UINT kTickMilliseconds = 15;
 // it.
 constexpr std::chrono::milliseconds kRest{250};
 
+// What one tick adds to the waiting at most. While the machine has no time for the program, or a step has the
+// program work, nothing that a script waits for can happen: that time does not count.
+constexpr std::chrono::milliseconds kLongestTick{60};
+
 ScriptPlayer* g_player = nullptr;  // timers without a window carry no data
 
 bool SameName(const std::wstring& a, const std::wstring& b) {
@@ -98,7 +102,7 @@ ScriptPlayer::~ScriptPlayer() {
 
 void ScriptPlayer::Start() {
     g_player = this;
-    m_started = Clock::now();
+    StartWaiting();
     if (!m_script.error.empty()) {
         Fail(m_script.error);
         return;
@@ -110,8 +114,20 @@ void CALLBACK ScriptPlayer::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     if (g_player != nullptr) g_player->Tick();
 }
 
+void ScriptPlayer::StartWaiting() {
+    m_waited = {};
+    m_lastTick = Clock::now();
+}
+
+void ScriptPlayer::CountWaiting() {
+    const Clock::time_point now = Clock::now();
+    m_waited += std::min<Clock::duration>(now - m_lastTick, kLongestTick);
+    m_lastTick = now;
+}
+
 void ScriptPlayer::Tick() {
     if (m_busy || m_finished) return;
+    CountWaiting();
     if (m_next >= m_script.steps.size()) {
         if (m_stage.idle()) Finish(true);
         return;
@@ -121,13 +137,13 @@ void ScriptPlayer::Tick() {
     const Outcome outcome = Attempt(step);
     m_busy = false;
     if (outcome.progress == Progress::kFailed ||
-        (outcome.progress == Progress::kWaiting && Clock::now() - m_started > m_patience)) {
+        (outcome.progress == Progress::kWaiting && m_waited > m_patience)) {
         Fail(L"line " + std::to_wstring(step.line) + L": " + step.text + L": " + outcome.reason);
         return;
     }
     if (outcome.progress == Progress::kWaiting) return;
     ++m_next;
-    m_started = Clock::now();
+    StartWaiting();
     m_lastLook = Picture();
     if (step.action != ScriptAction::kInput) m_stage.note(step.text);
     if (outcome.act) outcome.act();

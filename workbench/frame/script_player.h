@@ -52,6 +52,8 @@ class ARX_PORT ScriptPlayer {
 
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
     void Tick();
+    void CountWaiting();
+    void StartWaiting();
     void Fail(const std::wstring& reason);
     void Finish(bool succeeded);
 
@@ -71,7 +73,8 @@ class ARX_PORT ScriptPlayer {
     Script m_script;
     Stage m_stage;
     std::size_t m_next = 0;
-    std::chrono::steady_clock::time_point m_started;  // of waiting for the next step
+    std::chrono::steady_clock::time_point m_lastTick;
+    std::chrono::steady_clock::duration m_waited{};  // for the next step
     std::chrono::milliseconds m_patience{10000};
     UINT_PTR m_timer = 0;
     bool m_busy = false;

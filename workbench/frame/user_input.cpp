@@ -53,10 +53,19 @@ INPUT KeyInput(WORD key, WORD scan, DWORD flags) {
     return input;
 }
 
-INPUT MouseInput(DWORD flags) {
+// Where a coordinate lies on the scale of absolute mouse positions: the middle of its pixel.
+LONG OnScale(LONG coordinate, int origin, int extent) {
+    return ((coordinate - origin) * 65536 + 32768) / std::max(extent, 1);
+}
+
+// A button event that takes the pointer along. Movements that are still on their way from the display, of an
+// earlier click or of a real mouse, would else press or release the button where they lead.
+INPUT ButtonInput(POINT point, DWORD button) {
     INPUT input{};
     input.type = INPUT_MOUSE;
-    input.mi.dwFlags = flags;
+    input.mi.dx = OnScale(point.x, GetSystemMetrics(SM_XVIRTUALSCREEN), GetSystemMetrics(SM_CXVIRTUALSCREEN));
+    input.mi.dy = OnScale(point.y, GetSystemMetrics(SM_YVIRTUALSCREEN), GetSystemMetrics(SM_CYVIRTUALSCREEN));
+    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_VIRTUALDESK | button;
     return input;
 }
 
@@ -100,12 +109,11 @@ void TypeText(const std::wstring& text) {
 }
 
 void ClickScreen(POINT point, MouseButton button, int times) {
-    SetCursorPos(point.x, point.y);
+    const bool left = button == MouseButton::kLeft;
     std::vector<INPUT> inputs;
     for (int i = 0; i < times; ++i) {
-        inputs.push_back(
-            MouseInput(button == MouseButton::kLeft ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN));
-        inputs.push_back(MouseInput(button == MouseButton::kLeft ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP));
+        inputs.push_back(ButtonInput(point, left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN));
+        inputs.push_back(ButtonInput(point, left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP));
     }
     Send(inputs);
 }
