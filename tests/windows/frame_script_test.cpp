@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <atomic>
 #include <thread>
 
 #include "frame/script_player.h"
@@ -59,6 +58,8 @@ class ScriptDialog {
     static LRESULT CALLBACK Record(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                    DWORD_PTR self) {
         auto* dialog = reinterpret_cast<ScriptDialog*>(self);
+        // The pointer on its way to the dialog crosses the drawing, which takes the focus from other windows.
+        if (message == WM_ACAD_KEEPFOCUS) return 1;
         if (message == WM_COMMAND) dialog->m_commands.emplace_back(LOWORD(wParam), HIWORD(wParam));
         if (message == WM_SYSCOMMAND && wParam == SC_CLOSE) {
             dialog->m_closed = true;
@@ -183,16 +184,14 @@ TEST_F(FrameScript, ClickAt_IsNotLedAstrayByOtherMovements) {
     std::wstring clicks;
     for (int i = 0; i < 20; ++i)
         clicks += L"@clickat 302 20 10\n";
-    std::atomic<bool> ends = false;
-    std::thread elsewhere([&ends] {
+    std::thread elsewhere([] {
         INPUT toTheCorner{};
         toTheCorner.type = INPUT_MOUSE;
         toTheCorner.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-        while (!ends)
+        for (int i = 0; i < 2000; ++i)
             SendInput(1, &toTheCorner, sizeof toTheCorner);
     });
     EXPECT_TRUE(Play(clicks));
-    ends = true;
     elsewhere.join();
     EXPECT_TRUE(windows::WaitFor([&] { return dialog.m_commands.size() == 20; }, kLongPatience))
         << dialog.m_commands.size();
@@ -257,6 +256,24 @@ TEST_F(FrameScript, CloseDialog_PressesTheCloseBox) {
     ScriptDialog dialog(*m_frame);
     EXPECT_TRUE(Play(L"@closedialog"));
     EXPECT_TRUE(windows::WaitFor([&] { return dialog.m_closed; }, kLongPatience));
+}
+
+TEST_F(FrameScript, ResizeDialog_GivesItsWindowTheSize) {
+    const ScriptDialog dialog(*m_frame);
+    EXPECT_TRUE(Play(L"@resizedialog 500 410"));
+    RECT rect{};
+    GetWindowRect(dialog.Window(), &rect);
+    EXPECT_EQ(500, rect.right - rect.left);
+    EXPECT_EQ(410, rect.bottom - rect.top);
+    EXPECT_EQ(200, rect.left);
+}
+
+TEST_F(FrameScript, Drag_HoldsTheButtonUntilItsRelease) {
+    ScriptDialog dialog(*m_frame);
+    EXPECT_TRUE(Play(L"@holdat 302 20 10\n@dragto 302 22 200\n@release"));
+    EXPECT_TRUE(dialog.m_commands.empty()) << "a button let go outside is not clicked";
+    EXPECT_TRUE(Play(L"@holdat 302 20 10\n@dragto 302 22 200\n@dragto 302 22 10\n@release"));
+    EXPECT_TRUE(windows::WaitFor([&] { return dialog.m_commands.size() == 1; }, kLongPatience));
 }
 
 TEST_F(FrameScript, Palettes_AreDockedSizedAndAsserted) {

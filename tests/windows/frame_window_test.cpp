@@ -138,6 +138,20 @@ TEST_F(FrameWindow, SmallFrame_LaysOutWithoutHarm) {
     }
 }
 
+TEST_F(FrameWindow, FocusTakenFromAModelessDialog_LeavesTheDialogAboveTheFrame) {
+    const HWND dialog = CreateWindowExW(0, L"#32770", L"Modeless", WS_POPUP | WS_CAPTION | WS_VISIBLE, 200,
+                                        200, 300, 200, *m_frame, nullptr, nullptr, nullptr);
+    ::SetFocus(dialog);
+    m_frame->OfferFocusToCommandLine();
+    EXPECT_EQ(m_frame->GetSafeHwnd(), ::GetActiveWindow());
+    EXPECT_TRUE(::IsChild(CommandLine(), ::GetFocus()));
+    HWND upper = ::GetTopWindow(nullptr);
+    while (upper != nullptr && upper != dialog && upper != m_frame->GetSafeHwnd())
+        upper = ::GetWindow(upper, GW_HWNDNEXT);
+    EXPECT_EQ(dialog, upper);
+    ::DestroyWindow(dialog);
+}
+
 TEST_F(FrameWindow, Frames_MadeAndDestroyed_LeaveNothingBehind) {
     const auto once = [] {
         auto* other = new frame::MainFrame({});  // deletes itself with its window

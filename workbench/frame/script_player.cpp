@@ -20,6 +20,9 @@ constexpr UINT kTickMilliseconds = 15;
 // it.
 constexpr std::chrono::milliseconds kRest{250};
 
+// The pointer is at rest when so many looks in a row find it in its place: the system asks the display for it
+// only when it has heard nothing of it for a tenth of a second.
+constexpr int kRestingTicks = 10;
 // What one tick adds to the waiting at most. While the machine has no time for the program, or a step has the
 // program work, nothing that a script waits for can happen: that time does not count.
 constexpr std::chrono::milliseconds kLongestTick{60};
@@ -117,6 +120,7 @@ void CALLBACK ScriptPlayer::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
 void ScriptPlayer::StartWaiting() {
     m_waited = {};
     m_lastTick = Clock::now();
+    m_restingTicks = 0;
 }
 
 void ScriptPlayer::CountWaiting() {
@@ -175,6 +179,8 @@ ScriptPlayer::Outcome ScriptPlayer::Attempt(const ScriptStep& step) {
         case ScriptAction::kClickAt:
         case ScriptAction::kDoubleClickAt:
         case ScriptAction::kRightClickAt:
+        case ScriptAction::kHoldAt:
+        case ScriptAction::kDragTo:
         case ScriptAction::kSetText:
         case ScriptAction::kChoose:
             return AttemptControl(step);
@@ -200,11 +206,11 @@ ScriptPlayer::Outcome ScriptPlayer::Attempt(const ScriptStep& step) {
         }
         case ScriptAction::kType:
             return {Progress::kDone, {}, [text = step.arguments[0]] { TypeText(text); }};
-        case ScriptAction::kCloseDialog: {
-            const HWND dialog = TopDialog();
-            if (dialog == nullptr) return {Progress::kWaiting, L"no dialog is open", {}};
-            return {Progress::kDone, {}, [dialog] { PostMessageW(dialog, WM_SYSCOMMAND, SC_CLOSE, 0); }};
-        }
+        case ScriptAction::kRelease:
+            return {Progress::kDone, {}, [this] { ReleaseButton(m_pointer); }};
+        case ScriptAction::kCloseDialog:
+        case ScriptAction::kResizeDialog:
+            return AttemptDialog(step);
         case ScriptAction::kTimeout: {
             const double seconds = std::wcstod(step.arguments[0].c_str(), nullptr);
             if (!(seconds > 0 && seconds < 3600)) return {Progress::kFailed, L"not a number of seconds", {}};
@@ -265,10 +271,32 @@ ScriptPlayer::Outcome ScriptPlayer::AttemptControl(const ScriptStep& step) {
     }
     const POINT point =
         ToScreen(control, {_wtoi(step.arguments[1].c_str()), _wtoi(step.arguments[2].c_str())});
+    if (step.action == ScriptAction::kHoldAt) return AtPoint(point, [point] { HoldButton(point); });
+    if (step.action == ScriptAction::kDragTo) return AtPoint(point, [point] { MovePointer(point); });
     const MouseButton button =
         step.action == ScriptAction::kRightClickAt ? MouseButton::kRight : MouseButton::kLeft;
     const int times = step.action == ScriptAction::kDoubleClickAt ? 2 : 1;
-    return {Progress::kDone, {}, [point, button, times] { ClickScreen(point, button, times); }};
+    return AtPoint(point, [point, button, times] { ClickScreen(point, button, times); });
+}
+
+// What is done with the mouse waits until the pointer rests at its place: dialogs ask where it is.
+ScriptPlayer::Outcome ScriptPlayer::AtPoint(POINT point, std::function<void()> act) {
+    m_pointer = point;
+    m_restingTicks = PutPointer(point) ? m_restingTicks + 1 : 0;
+    if (m_restingTicks < kRestingTicks) return {Progress::kWaiting, L"the pointer does not rest there", {}};
+    return {Progress::kDone, {}, std::move(act)};
+}
+
+ScriptPlayer::Outcome ScriptPlayer::AttemptDialog(const ScriptStep& step) {
+    const HWND dialog = TopDialog();
+    if (dialog == nullptr) return {Progress::kWaiting, L"no dialog is open", {}};
+    if (step.action == ScriptAction::kCloseDialog)
+        return {Progress::kDone, {}, [dialog] { PostMessageW(dialog, WM_SYSCOMMAND, SC_CLOSE, 0); }};
+    const SIZE size{_wtoi(step.arguments[0].c_str()), _wtoi(step.arguments[1].c_str())};
+    return {Progress::kDone, {}, [dialog, size] {
+                SetWindowPos(dialog, nullptr, 0, 0, size.cx, size.cy,
+                             SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+            }};
 }
 
 ScriptPlayer::Outcome ScriptPlayer::AttemptList(const ScriptStep& step) {
@@ -283,9 +311,8 @@ ScriptPlayer::Outcome ScriptPlayer::AttemptList(const ScriptStep& step) {
     const MouseButton button =
         step.action == ScriptAction::kRightClickRow ? MouseButton::kRight : MouseButton::kLeft;
     const int times = step.action == ScriptAction::kDoubleClickRow ? 2 : 1;
-    return {Progress::kDone, {}, [at = ToScreen(list, *point), button, times] {
-                ClickScreen(at, button, times);
-            }};
+    const POINT at = ToScreen(list, *point);
+    return AtPoint(at, [at, button, times] { ClickScreen(at, button, times); });
 }
 
 ScriptPlayer::Outcome ScriptPlayer::AttemptTree(const ScriptStep& step) {
@@ -299,7 +326,8 @@ ScriptPlayer::Outcome ScriptPlayer::AttemptTree(const ScriptStep& step) {
                 }};
     const auto point = TreeItemPoint(tree, item);
     if (!point) return {Progress::kWaiting, L"the item is not to be seen", {}};
-    return {Progress::kDone, {}, [at = ToScreen(tree, *point)] { ClickScreen(at, MouseButton::kRight); }};
+    const POINT at = ToScreen(tree, *point);
+    return AtPoint(at, [at] { ClickScreen(at, MouseButton::kRight); });
 }
 
 ScriptPlayer::Outcome ScriptPlayer::AttemptMenu(const ScriptStep& step) {
@@ -315,9 +343,8 @@ ScriptPlayer::Outcome ScriptPlayer::AttemptMenu(const ScriptStep& step) {
             return {Progress::kWaiting, L"there is no such item", {}};
         if ((GetMenuState(info.hMenu, static_cast<UINT>(*index), MF_BYPOSITION) & MF_GRAYED) != 0)
             return {Progress::kFailed, L"the item is grey", {}};
-        return {Progress::kDone, {}, [at = POINT{rect.left + 20, (rect.top + rect.bottom) / 2}] {
-                    ClickScreen(at, MouseButton::kLeft);
-                }};
+        const POINT at{rect.left + 20, (rect.top + rect.bottom) / 2};
+        return AtPoint(at, [at] { ClickScreen(at, MouseButton::kLeft); });
     }
     const HWND window = m_stage.mainWindow();
     if (!IsWindowEnabled(window)) return {Progress::kWaiting, L"the main window is disabled", {}};

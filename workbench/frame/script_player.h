@@ -60,6 +60,8 @@ class ARX_PORT ScriptPlayer {
     Outcome Attempt(const ScriptStep& step);
     Outcome AttemptWait(const ScriptStep& step);
     Outcome AttemptControl(const ScriptStep& step);
+    Outcome AtPoint(POINT point, std::function<void()> act);
+    Outcome AttemptDialog(const ScriptStep& step);
     Outcome AttemptList(const ScriptStep& step);
     Outcome AttemptTree(const ScriptStep& step);
     Outcome AttemptMenu(const ScriptStep& step);
@@ -77,6 +79,8 @@ class ARX_PORT ScriptPlayer {
     std::chrono::steady_clock::duration m_waited{};  // for the next step
     std::chrono::milliseconds m_patience{10000};
     UINT_PTR m_timer = 0;
+    POINT m_pointer{};       // where the last step at a point left it
+    int m_restingTicks = 0;  // for which it has been there
     bool m_busy = false;
     bool m_finished = false;
     Picture m_lastLook;  // of the screen, to see whether it has come to rest

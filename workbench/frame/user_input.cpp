@@ -108,6 +108,14 @@ void TypeText(const std::wstring& text) {
     if (!inputs.empty()) Send(inputs);
 }
 
+bool PutPointer(POINT point) {
+    POINT pointer{};
+    GetCursorPos(&pointer);
+    if (pointer.x == point.x && pointer.y == point.y) return true;
+    SetCursorPos(point.x, point.y);
+    return false;
+}
+
 void ClickScreen(POINT point, MouseButton button, int times) {
     const bool left = button == MouseButton::kLeft;
     std::vector<INPUT> inputs;
@@ -115,6 +123,22 @@ void ClickScreen(POINT point, MouseButton button, int times) {
         inputs.push_back(ButtonInput(point, left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN));
         inputs.push_back(ButtonInput(point, left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP));
     }
+    Send(inputs);
+}
+
+void HoldButton(POINT point) {
+    std::vector<INPUT> inputs{ButtonInput(point, MOUSEEVENTF_LEFTDOWN)};
+    Send(inputs);
+}
+
+void MovePointer(POINT point) {
+    SetCursorPos(point.x, point.y);
+    std::vector<INPUT> inputs{ButtonInput(point, 0)};
+    Send(inputs);
+}
+
+void ReleaseButton(POINT point) {
+    std::vector<INPUT> inputs{ButtonInput(point, MOUSEEVENTF_LEFTUP)};
     Send(inputs);
 }
 
