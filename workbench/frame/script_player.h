@@ -55,6 +55,8 @@ class ARX_PORT ScriptPlayer {
 
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
     void Tick();
+    void CountWaiting();
+    void StartWaiting();
     void Fail(const std::wstring& reason);
     void GiveUp();
     bool CloseMessageBox();
@@ -64,6 +66,8 @@ class ARX_PORT ScriptPlayer {
     Outcome Attempt(const ScriptStep& step);
     Outcome AttemptWait(const ScriptStep& step);
     Outcome AttemptControl(const ScriptStep& step);
+    Outcome AtPoint(POINT point, std::function<void()> act);
+    Outcome AttemptDialog(const ScriptStep& step);
     Outcome AttemptList(const ScriptStep& step);
     Outcome AttemptTree(const ScriptStep& step);
     Outcome AttemptMenu(const ScriptStep& step);
@@ -77,9 +81,12 @@ class ARX_PORT ScriptPlayer {
     Script m_script;
     Stage m_stage;
     std::size_t m_next = 0;
-    std::chrono::steady_clock::time_point m_started;  // of waiting for the next step
+    std::chrono::steady_clock::time_point m_lastTick;
+    std::chrono::steady_clock::duration m_waited{};  // for the next step
     std::chrono::milliseconds m_patience{10000};
     UINT_PTR m_timer = 0;
+    POINT m_pointer{};       // where the last step at a point left it
+    int m_restingTicks = 0;  // for which it has been there
     bool m_busy = false;
     bool m_finished = false;
     bool m_givingUp = false;
