@@ -11,7 +11,7 @@ std::wstring GetDefaultName(long long nNumber) {
     return L"Line " + std::to_wstring(nNumber);
 }
 
-// The names of a line file, to tell in one step which are taken. A row without a key counts as not there.
+// The names of a line file, to tell in one step which are taken.
 class CLineNames {
   public:
     explicit CLineNames(CKV2D_IniFile& ini) {
@@ -20,8 +20,13 @@ class CLineNames {
     }
 
     bool IsTaken(const std::wstring& strName) const {
-        return m_mapLive.count(strName) != 0 || m_mapDeleted.count(strName) != 0;
+        return GetCount(m_mapLive, strName) != 0 || GetCount(m_mapDeleted, strName) != 0;
     }
+
+    // Whether the names must be collected anew after each change: a row has no key, and a search by name that
+    // comes upon it finds nothing, whatever rows follow; or a key ends in " =", and is another one when the
+    // saved file is read.
+    bool HasOddKey() const { return m_bOddKey; }
 
     // Gives the name to a line, or the default name if it is not valid or taken, and returns what the line
     // has got. `strReplaced` is the former name of a line of the same id, as there is after the loss of a
@@ -30,7 +35,7 @@ class CLineNames {
         const auto replaced = m_mapLive.find(strReplaced);
         const bool bValid = ValidateLineName(strName) == kLineOk;
         const bool bOwnName = strName == strReplaced && replaced != m_mapLive.end() &&
-                              replaced->second == 1 && m_mapDeleted.count(strName) == 0;
+                              replaced->second == 1 && GetCount(m_mapDeleted, strName) == 0;
         if (!bValid || (IsTaken(strName) && !bOwnName)) strName = GetFreeName(nLineId);
         if (replaced != m_mapLive.end() && --replaced->second == 0) m_mapLive.erase(replaced);
         ++m_mapLive[strName];
@@ -50,17 +55,25 @@ class CLineNames {
   private:
     using CCounts = std::unordered_map<std::wstring, size_t>;
 
-    static void Count(CKV2D_IniFile& ini, const wchar_t* pszSection, CCounts& mapCounts) {
+    static size_t GetCount(const CCounts& mapCounts, const std::wstring& strName) {
+        const auto found = mapCounts.find(strName);
+        return found == mapCounts.end() ? 0 : found->second;
+    }
+
+    void Count(CKV2D_IniFile& ini, const wchar_t* pszSection, CCounts& mapCounts) {
         ini.SetSection(pszSection);
         std::vector<std::wstring> astrKeys, astrValues;
         ini.GetSectionEntries(astrKeys, astrValues);
         for (size_t i = 0; i < astrKeys.size(); ++i) {
-            if (!astrKeys[i].empty()) ++mapCounts[astrValues[i]];
+            const auto [name, bFirst] = mapCounts.try_emplace(astrValues[i], 0);
+            m_bOddKey |= astrKeys[i].empty() || astrKeys[i].ends_with(L" =");
+            if (!astrKeys[i].empty() && (bFirst || name->second != 0)) ++name->second;
         }
     }
 
     CCounts m_mapLive;
     CCounts m_mapDeleted;
+    bool m_bOddKey = false;
 };
 
 // The id that many numbers on. The largest number is followed by the smallest one.
@@ -80,18 +93,35 @@ int DrawLineIds(const std::wstring& strCounter, size_t nCount) {
     return AdvanceId(nLastId, 1);
 }
 
-}  // namespace
-
-void CreateLineInFile(const CLineFiles& files, int& nLineId, std::wstring& strName) {
-    nLineId = DrawLineIds(files.strCounter, 1);
+// Creates the line of an id under a default name, and returns that.
+std::wstring CreateLineOfId(const std::wstring& strPath, int nLineId) {
     CKV2D_IniFile ini;
-    ini.Open(files.strLines);
-    strName = GetDefaultName(nLineId);
+    ini.Open(strPath);
+    std::wstring strName = GetDefaultName(nLineId);
     const bool bTaken = !FindLineKeyByName(ini, strName, true, true).empty();
     // All names are collected only when the first one is taken, which is rare.
     if (bTaken) strName = CLineNames(ini).GetFreeName(nLineId);
     ini.SetSection(kLineSections.pszLive);
     ini.SetString(LineKeyFromId(nLineId), strName);
+    return strName;
+}
+
+// For files that no program of the suite leaves behind: a key is odd, or the counter file holds a number that
+// no id follows.
+void AddLinesOneByOne(const std::wstring& strPath, int nFirstId, const std::vector<std::wstring>& astrNames) {
+    for (size_t i = 0; i < astrNames.size(); ++i) {
+        const int nLineId = AdvanceId(nFirstId, i);
+        CreateLineOfId(strPath, nLineId);
+        std::wstring strName = astrNames[i];
+        if (nLineId > 0 && ValidateLineName(strName) == kLineOk) RenameLineInFile(strPath, nLineId, strName);
+    }
+}
+
+}  // namespace
+
+void CreateLineInFile(const CLineFiles& files, int& nLineId, std::wstring& strName) {
+    nLineId = DrawLineIds(files.strCounter, 1);
+    strName = CreateLineOfId(files.strLines, nLineId);
 }
 
 int CheckRename(int nProjectId, int nLineId, std::wstring& strName) {
@@ -117,15 +147,12 @@ void AddLinesToFile(const CLineFiles& files, const std::vector<std::wstring>& as
     CKV2D_IniFile ini;
     ini.Open(files.strLines);
     CLineNames names(ini);
+    const bool bIds = nFirstId > 0 && AdvanceId(nFirstId, astrNames.size() - 1) >= nFirstId;
+    if (!bIds || names.HasOddKey()) return AddLinesOneByOne(files.strLines, nFirstId, astrNames);
     ini.SetSection(kLineSections.pszLive);
     for (size_t i = 0; i < astrNames.size(); ++i) {
         const int nLineId = AdvanceId(nFirstId, i);
         const std::wstring strKey = LineKeyFromId(nLineId);
-        if (strKey.empty()) {
-            // A counter file with a number out of bounds: the row has no key, and so counts for no name.
-            ini.SetString(strKey, names.GetFreeName(nLineId));
-            continue;
-        }
         std::wstring strReplaced;
         ini.GetString(strKey, strReplaced, L"");
         const std::wstring strName = names.ReplaceLive(strReplaced, astrNames[i], nLineId);

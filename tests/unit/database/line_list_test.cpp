@@ -228,6 +228,17 @@ TEST_F(LineListTest, CreateLine_DefaultNameInOtherLetterCase_IsFree) {
     EXPECT_EQ(m_strName, L"Line 5");
 }
 
+TEST_F(LineListTest, CreateLine_DefaultNameOfARowWithoutKey_IsFreeWhoeverElseBearsIt) {
+    ADatabase(*this)
+        .WithProject(5, "Pump")
+        .WithLastLineId(4)
+        .WithProjectFileRow(5, L"Lines.ini", "LineList", " = Line 6")
+        .WithLine(5, 2, "Line 5")
+        .WithLine(5, 3, "Line 6");
+    EXPECT_EQ(CreateLine(5, m_nId, m_strName), kLineOk);
+    EXPECT_EQ(m_strName, L"Line 6");
+}
+
 TEST_F(LineListTest, CreateLine_OneCounterServesAllProjects) {
     ADatabase(*this).WithProject(5, "Pump").WithProject(6, "Tank");
     CreateLine(5, m_nId, m_strName);
