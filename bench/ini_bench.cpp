@@ -9,11 +9,10 @@
 //   LookUp  one value by section and key, in an order by chance: ours takes and gives wide strings, GKeyFile
 //           gives a new string that is freed, SimpleIni gives a pointer into itself;
 //   Errand  loading, setting one new key in the first section, and writing the file: the two libraries make
-//   their
-//           text in memory, and the same function writes it as writes ours. GKeyFile's own saving would also
-//           wait for the disk. Only ours sorts.
+//           their text in memory, and the same function writes it as writes ours. GKeyFile's own saving would
+//           also wait for the disk. Only ours sorts.
 //
-// "row" is the time for each row of the file, or for one look-up.
+// The table gives the time for each row of the file, or for one look-up.
 #define SI_NO_CONVERSION  // narrow text stays narrow
 #include <SimpleIni.h>
 #include <benchmark/benchmark.h>
@@ -30,6 +29,7 @@
 #include <string>
 #include <vector>
 
+#include "comparison_table.h"
 #include "platform/memory_platform.h"
 #include "storage/ini_file.h"
 
@@ -311,7 +311,8 @@ int main(int argc, char** argv) {
                                 memory.guids, memory.processes, memory.boxes,       memory.text};
     platform::Install(&services);
     benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
+    ComparisonTable table({"Ours", "GLib", "Simple"});
+    benchmark::RunSpecifiedBenchmarks(&table);
     benchmark::Shutdown();
     return 0;
 }
