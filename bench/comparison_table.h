@@ -10,6 +10,7 @@
 #include <iostream>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 class ComparisonTable : public benchmark::BenchmarkReporter {
@@ -23,6 +24,7 @@ class ComparisonTable : public benchmark::BenchmarkReporter {
 
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs) {
+            if (run.run_type == Run::RT_Aggregate) continue;
             if (run.error_occurred) {
                 std::fprintf(stderr, "%s: %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
                 continue;
@@ -30,8 +32,13 @@ class ComparisonTable : public benchmark::BenchmarkReporter {
             const std::string& name = run.run_name.function_name;  // "Load<Ours>"
             const size_t open = name.find('<');
             const std::string line = name.substr(0, open) + " " + run.run_name.args;
-            if (m_cells.find(line) == m_cells.end()) m_lines.push_back(line);
-            m_cells[line][name.substr(open + 1, name.size() - open - 2)] = run.counters.at("row").value * 1e9;
+            const auto place = std::pair(run.family_index, run.per_family_instance_index);
+            const auto present = m_places.try_emplace(line, place).first;
+            present->second = std::min(present->second, place);
+            const double time = run.counters.at("row").value * 1e9;
+            const auto [cell, isFirst] =
+                m_cells[line].try_emplace(name.substr(open + 1, name.size() - open - 2), time);
+            cell->second = std::min(cell->second, time);
             std::fprintf(stderr, "%s\n", run.benchmark_name().c_str());  // it takes a while
         }
     }
@@ -41,7 +48,13 @@ class ComparisonTable : public benchmark::BenchmarkReporter {
         for (const std::string& competitor : m_competitors)
             std::printf("%10s", competitor.c_str());
         std::printf("%10s\n", "ahead");
-        for (const std::string& line : m_lines)
+        std::vector<std::string> lines;
+        for (const auto& [line, place] : m_places)
+            lines.push_back(line);
+        std::sort(lines.begin(), lines.end(), [this](const std::string& left, const std::string& right) {
+            return m_places[left] < m_places[right];
+        });
+        for (const std::string& line : lines)
             PrintLine(line, m_cells[line]);
     }
 
@@ -67,6 +80,6 @@ class ComparisonTable : public benchmark::BenchmarkReporter {
     }
 
     std::vector<std::string> m_competitors;
-    std::vector<std::string> m_lines;  // in the order of the runs
+    std::map<std::string, std::pair<int64_t, int64_t>> m_places;  // as the benchmarks were registered
     std::map<std::string, std::map<std::string, double>> m_cells;
 };

@@ -230,11 +230,6 @@ TEST_F(LocalLineListTest, CreateLocalLineIni_WithoutNames_HoldsTheSectionAlone) 
     EXPECT_FALSE(HasFile(m_strCounter));
 }
 
-TEST_F(LocalLineListTest, CreateLocalLineIni_OfAProjectThatDoesNotResolve_DoesNothing) {
-    CreateLocalLineIni(13, L"PID", kDrawing, {L"B"});
-    EXPECT_FALSE(HasFile(m_strFile));
-}
-
 // Adding many lines at once must leave what creating and renaming them one by one leaves.
 TEST_F(LocalLineListTest, CreateLocalLineIni_LeavesWhatCreatingAndRenamingOneByOneLeaves) {
     const std::vector<std::wstring> astrNames = {L"Line 9", L"A",      L"A", L"-",       L" B ", L"B",
@@ -356,6 +351,12 @@ TEST_F(LocalLineWithoutFolderTest, CreateLocalLine_UsesTheRootOfTheCurrentDrive)
     EXPECT_EQ(nId, 1);
     EXPECT_TRUE(HasFile(L"C:\\LineDatafile.ini"));
     EXPECT_TRUE(HasFile(L"C:\\PID_12_Plant1line.ini"));
+}
+
+TEST_F(LocalLineWithoutFolderTest, CreateLocalLineIni_OfAProjectThatDoesNotResolve_WritesNothing) {
+    ADatabase(*this).WithProject(12, "Pump");
+    EXPECT_EQ(CreateLocalLineIni(13, L"PID", L"Plant1.dwg", {L"B"}), L"");
+    EXPECT_EQ(GetMemory().log.GetCount(L"WriteBytes"), 0u);
 }
 
 }  // namespace
