@@ -1,5 +1,8 @@
 #include "database/line_file.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include "database/line_list.h"
 #include "platform/letter_case.h"
 
@@ -7,8 +10,52 @@ namespace {
 
 constexpr wchar_t kEvalName[] = L"Eval";
 
+constexpr std::wstring_view kDefaultName = L"Line ";
+
 std::wstring GetDefaultName(long long nNumber) {
-    return L"Line " + std::to_wstring(nNumber);
+    return std::wstring(kDefaultName) + std::to_wstring(nNumber);
+}
+
+// The number of a default name; false for every other name, "Line 07" and "Line +7" among them.
+bool ParseDefaultName(std::wstring_view strName, long long& nNumber) {
+    constexpr size_t kMostDigits = 18;
+    if (!strName.starts_with(kDefaultName)) return false;
+    strName.remove_prefix(kDefaultName.size());
+    const bool bNegative = strName.starts_with(L'-');
+    if (bNegative) strName.remove_prefix(1);
+    if (strName.empty() || strName.size() > kMostDigits) return false;
+    if (strName.front() == L'0' && (bNegative || strName.size() > 1)) return false;
+    nNumber = 0;
+    for (const wchar_t ch : strName) {
+        if (ch < L'0' || ch > L'9') return false;
+        nNumber = 10 * nNumber + (ch - L'0');
+    }
+    if (bNegative) nNumber = -nNumber;
+    return true;
+}
+
+// "Line <n>" with the first number from `nFirst` on that FindLineKeyByName does not find. Where all rows bear
+// such names, one pass over them tells what is free.
+std::wstring FindFreeDefaultName(CKV2D_IniFile& ini, int nFirst) {
+    const size_t nPlaces = ini.GetRowCount() + 1;  // one of so many names is free
+    std::vector<bool> abTaken(nPlaces);
+    for (const wchar_t* pszSection : {kLineSections.pszLive, kLineSections.pszDeleted}) {
+        ini.SetSection(pszSection);
+        std::vector<std::wstring> astrKeys, astrValues;
+        ini.GetSectionEntries(astrKeys, astrValues);
+        std::vector<bool> abSeen(nPlaces);
+        for (size_t i = 0; i < astrValues.size(); ++i) {
+            long long nNumber = 0;
+            if (!ParseDefaultName(astrValues[i], nNumber) || nNumber < nFirst) continue;
+            const auto nPlace = static_cast<size_t>(nNumber - nFirst);
+            if (nPlace >= nPlaces || abSeen[nPlace]) continue;
+            // The search ends at the first row of that name, and without a key it has found nothing.
+            abSeen[nPlace] = true;
+            if (!astrKeys[i].empty()) abTaken[nPlace] = true;
+        }
+    }
+    const auto free = std::find(abTaken.begin(), abTaken.end(), false);
+    return GetDefaultName(static_cast<long long>(nFirst) + (free - abTaken.begin()));
 }
 
 // The names of a line file, to tell in one step which are taken.
@@ -20,12 +67,12 @@ class CLineNames {
     }
 
     bool IsTaken(const std::wstring& strName) const {
-        return GetCount(m_mapLive, strName) != 0 || GetCount(m_mapDeleted, strName) != 0;
+        return m_mapLive.count(strName) != 0 || m_mapDeleted.count(strName) != 0;
     }
 
-    // Whether the names must be collected anew after each change: a row has no key, and a search by name that
-    // comes upon it finds nothing, whatever rows follow; or a key ends in " =", and is another one when the
-    // saved file is read.
+    // Whether the names are not to be relied on: a row has no key, and a search by name that comes upon it
+    // finds nothing, whatever rows follow; or a key ends in " =", and is another one when the saved file is
+    // read.
     bool HasOddKey() const { return m_bOddKey; }
 
     // Gives the name to a line, or the default name if it is not valid or taken, and returns what the line
@@ -35,7 +82,7 @@ class CLineNames {
         const auto replaced = m_mapLive.find(strReplaced);
         const bool bValid = ValidateLineName(strName) == kLineOk;
         const bool bOwnName = strName == strReplaced && replaced != m_mapLive.end() &&
-                              replaced->second == 1 && GetCount(m_mapDeleted, strName) == 0;
+                              replaced->second == 1 && m_mapDeleted.count(strName) == 0;
         if (!bValid || (IsTaken(strName) && !bOwnName)) strName = GetFreeName(nLineId);
         if (replaced != m_mapLive.end() && --replaced->second == 0) m_mapLive.erase(replaced);
         ++m_mapLive[strName];
@@ -55,19 +102,13 @@ class CLineNames {
   private:
     using CCounts = std::unordered_map<std::wstring, size_t>;
 
-    static size_t GetCount(const CCounts& mapCounts, const std::wstring& strName) {
-        const auto found = mapCounts.find(strName);
-        return found == mapCounts.end() ? 0 : found->second;
-    }
-
     void Count(CKV2D_IniFile& ini, const wchar_t* pszSection, CCounts& mapCounts) {
         ini.SetSection(pszSection);
         std::vector<std::wstring> astrKeys, astrValues;
         ini.GetSectionEntries(astrKeys, astrValues);
         for (size_t i = 0; i < astrKeys.size(); ++i) {
-            const auto [name, bFirst] = mapCounts.try_emplace(astrValues[i], 0);
             m_bOddKey |= astrKeys[i].empty() || astrKeys[i].ends_with(L" =");
-            if (!astrKeys[i].empty() && (bFirst || name->second != 0)) ++name->second;
+            ++mapCounts[astrValues[i]];
         }
     }
 
@@ -98,9 +139,8 @@ std::wstring CreateLineOfId(const std::wstring& strPath, int nLineId) {
     CKV2D_IniFile ini;
     ini.Open(strPath);
     std::wstring strName = GetDefaultName(nLineId);
-    const bool bTaken = !FindLineKeyByName(ini, strName, true, true).empty();
-    // All names are collected only when the first one is taken, which is rare.
-    if (bTaken) strName = CLineNames(ini).GetFreeName(nLineId);
+    // All rows are gone through only when the first name is taken, which is rare.
+    if (!FindLineKeyByName(ini, strName, true, true).empty()) strName = FindFreeDefaultName(ini, nLineId);
     ini.SetSection(kLineSections.pszLive);
     ini.SetString(LineKeyFromId(nLineId), strName);
     return strName;
