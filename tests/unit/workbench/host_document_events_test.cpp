@@ -248,6 +248,33 @@ TEST_F(DocumentEventsTest, HostThatEnds_TearsDownEachDocumentInTurn) {
                             L"destroyed C:\\P\\a.dwg count 1"}));
 }
 
+TEST_F(DocumentEventsTest, LocksOfDifferentKinds_AreGivenBackLastFirst) {
+    host::Document& document = ADocument();
+    DocumentEvents events;
+    EXPECT_EQ(acDocManager->lockDocument(&document, AcAp::kRead), Acad::eOk);
+    EXPECT_EQ(acDocManager->lockDocument(&document, AcAp::kWrite), Acad::eOk);
+    EXPECT_EQ(acDocManager->lockDocument(&document, AcAp::kRead), Acad::eOk);
+    EXPECT_EQ(document.myLockMode(), AcAp::kWrite) << "the strongest counts";
+    EXPECT_EQ(document.lockMode(), AcAp::kNotLocked) << "those of application code are left out";
+    EXPECT_EQ(acDocManager->unlockDocument(&document), Acad::eOk);
+    EXPECT_EQ(TryWrite(document), Acad::eOk);
+    EXPECT_EQ(acDocManager->unlockDocument(&document), Acad::eOk);
+    EXPECT_EQ(TryWrite(document), Acad::eLockViolation);
+    EXPECT_EQ(document.myLockMode(), AcAp::kRead);
+    EXPECT_EQ(acDocManager->unlockDocument(&document), Acad::eOk);
+    EXPECT_EQ(events.locks, (Events{L"will 2>32 ", L"did 2>32 ", L"will 32>4 ", L"did 32>4 ", L"will 4>32 ",
+                                    L"did 4>4 ", L"will 4>2 #", L"did 4>4 #", L"will 4>2 #", L"did 4>32 #",
+                                    L"will 32>2 #", L"did 32>2 #"}));
+}
+
+TEST_F(DocumentEventsTest, ExclusiveLock_IsRefusedOverACommandsLock) {
+    host::Document& document = ADocument();
+    const host::CommandLock lock(*m_host, document, L"TEST");
+    EXPECT_EQ(acDocManager->lockDocument(&document, AcAp::kXWrite), Acad::eLockConflict);
+    EXPECT_EQ(acDocManager->lockDocument(&document, AcAp::kWrite), Acad::eOk);
+    EXPECT_EQ(acDocManager->unlockDocument(&document), Acad::eOk);
+}
+
 // --- Saving where another document is.
 
 TEST_F(DocumentEventsTest, SaveAs_OntoTheFileOfAnOpenDocument_IsRefused) {
