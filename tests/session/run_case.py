@@ -17,12 +17,14 @@ case starts with a share of its own, without the values that earlier sessions st
                                     names the discipline whose start-up file is loaded, - none. Records the transcript.
                                     A session must end with the status 0, or with "fails" with another.
     menusize NUMBER                 the user's setting for what follows
+    environment NAME VALUE          sets a variable for the starts that follow; the empty value takes it away
     registry KEY                    records every value of the key and of those below it
     delete-key KEY                  deletes a key with all below it
     delete-value KEY NAME           deletes a value; the empty name is the key's own
     set-text KEY NAME TEXT          writes a text value
     set-number KEY NAME NUMBER      writes a number
     file PATH                       records a file of text
+    lines PATH PATTERN              records the lines of a file that a regular expression finds
     folder PATH                     records the names below a folder
     drawing PATH                    records what the module keeps in a drawing
     remove PATH                     removes a file, if it is there
@@ -62,6 +64,7 @@ class Case:
         self.bin = pathlib.Path(os.environ["KV2D_BIN"]).resolve()
         self.share = folder / "share"
         self.menu_size = "32"
+        self.environment = {}
         self.replacements = []
         self.record = []
 
@@ -118,7 +121,7 @@ class Case:
         arguments = ["/script", self.windows(self.case / script), "/transcript", self.windows(transcript)]
         if word != "-":
             arguments = ["/lisp", rf"P:\Application\Tessarc\{word}\startup.lsp", *arguments]
-        environment = dict(os.environ, KV2D_BIN=str(self.bin), KV2D_SHARE=str(self.share), KV2D_DATA="",
+        environment = dict(os.environ, **self.environment, KV2D_BIN=str(self.bin), KV2D_SHARE=str(self.share), KV2D_DATA="",
                            KV2D_MENU_SIZE=self.menu_size)
         # Into a file: whatever reads a pipe that the Wine server inherits waits for ever.
         output = self.folder / "output.txt"
@@ -140,6 +143,9 @@ class Case:
         settings.mkdir(parents=True, exist_ok=True)
         (settings / "UserSettings.ini").write_bytes(f"[AutoCAD Settings]\r\nMenuSize = {number}\r\n".encode())
 
+    def step_environment(self, name, value):
+        self.environment[name] = value
+
     def step_registry(self, key):
         self.add(key, session_registry.describe(key))
 
@@ -157,6 +163,10 @@ class Case:
 
     def step_file(self, path):
         self.add(path, session_files.describe_text(self.path(path)))
+
+    def step_lines(self, path, pattern):
+        found = [line for line in session_files.describe_text(self.path(path)) if re.search(pattern, line)]
+        self.add(f"{path}, {pattern}", found)
 
     def step_folder(self, path):
         self.add(path, session_files.describe_folder(self.path(path)))
