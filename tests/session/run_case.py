@@ -43,6 +43,7 @@ import shlex
 import shutil
 import subprocess
 import sys
+import time
 
 import session_files
 import session_registry
@@ -50,6 +51,8 @@ import session_registry
 TOP = pathlib.Path(__file__).resolve().parent.parent.parent
 USER_KEYS = (r"HKEY_CURRENT_USER\Software\KALVOR", r"HKEY_CURRENT_USER\Software\Workbench")
 PATIENCE = 300  # seconds for one start of the workbench
+CRASHED = 5  # the exit status of a program that Wine's debugger looks at
+TRACE_PATIENCE = 20  # seconds for what it finds
 
 
 class CaseFailed(Exception):
@@ -128,11 +131,20 @@ class Case:
         with output.open("wb") as file:
             status = subprocess.run(["timeout", str(PATIENCE), TOP / "demo" / "start", *arguments], env=environment,
                                     stdin=subprocess.DEVNULL, stdout=file, stderr=file).returncode
+        if status == CRASHED:
+            self.wait_for_trace(output)
         said = transcript.read_text(encoding="utf-8").splitlines() if transcript.exists() else []
         self.add(f"{script} {word}", said)
         if (status != 0) != (rest == ("fails",)):
             errors = output.read_text(encoding="utf-8", errors="replace").splitlines()
             raise CaseFailed("\n".join([f"{script} ended with status {status}", *said, *errors]))
+
+    @staticmethod
+    def wait_for_trace(output):
+        """The crash report is written by another program, which the end of the session would stop."""
+        deadline = time.monotonic() + TRACE_PATIENCE
+        while time.monotonic() < deadline and b"Backtrace" not in output.read_bytes():
+            time.sleep(0.2)
 
     def step_menusize(self, number):
         self.menusize(number)
