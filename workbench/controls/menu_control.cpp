@@ -390,8 +390,11 @@ LRESULT MenuControl::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             InvalidateRect(m_window, nullptr, FALSE);
             return 0;
         case WM_KILLFOCUS:
-        case WM_ENABLE:
             InvalidateRect(m_window, nullptr, FALSE);
+            return 0;
+        case WM_ENABLE:
+            // The scroll bar shows the state too.
+            RedrawWindow(m_window, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
             return 0;
     }
     return DefWindowProcW(m_window, message, wParam, lParam);
