@@ -2,8 +2,6 @@
 // in one file, project 6 per drawing.
 #pragma once
 
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -11,17 +9,9 @@
 #include <vector>
 
 #include "database/line_list.h"
+#include "fuzz_check.h"
 #include "platform/memory_platform.h"
 #include "sizes/size_table.h"
-
-// What must hold in every execution.
-#define FUZZ_CHECK(condition)                                                    \
-    do {                                                                         \
-        if (!(condition)) {                                                      \
-            std::fprintf(stderr, "%s:%d: %s\n", __FILE__, __LINE__, #condition); \
-            std::abort();                                                        \
-        }                                                                        \
-    } while (false)
 
 // Files by their exact paths and nothing else: millions of executions want little work for a call.
 class FuzzFiles : public platform::Files {
