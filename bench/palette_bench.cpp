@@ -141,12 +141,24 @@ std::vector<Step> MeasureSteps(AcApDocument* document, bool localLines) {
     std::vector<int> ids, used, filtered;
     std::vector<std::wstring> names;
     CProjectLines lines;
-    const CProjectLinesOptions options{.bDeletedToo = localLines, .bUseCache = true};
     step("the drawing's record", [] { CKV2D_DocXData data(kDocXDataAppName); });
     step("the project's settings", [] { CKV2D_ProjectGeneral general(kProject); });
     step("specs", [&] { GetProjectSpecs(kProject, ids, names); });
     step("sizes", [&] { GetSizeList(L"ANSI", kSizeSetImperialUs, ids, names, false); });
-    step("lines of the project", [&] { lines.Read(kProject, localLines, kAppOrtho, options); });
+    if (localLines) {
+        const std::wstring path = document->fileName();
+        std::vector<std::wstring> inDrawing;
+        step("line numbers in the drawing's tags", [&] {
+            inDrawing.clear();
+            CollectLineNumbers(inDrawing, path);
+        });
+        step("lines of the drawing's file", [&] {
+            GetLocalLineList(kProject, GetApplicationName(kAppOrtho), path, inDrawing, lines.m_anIds,
+                             lines.m_astrNames, lines.m_abFlags, true, true, false, true);
+        });
+    } else {
+        step("lines of the project", [&] { lines.Read(kProject, false, kAppOrtho, {.bUseCache = true}); });
+    }
     step("lines in use in the drawing", [&] { CollectUsedLineIds(document->database(), used); });
     step("filtered lines", [&] { ReadFilteredLineIds(filtered); });
     step("order of the lines", [&] {
@@ -184,8 +196,8 @@ double Run(const Size& size, bool localLines) {
 
     std::vector<std::wstring> lineNames, specNames;
     std::vector<int> lineIds, specIds;
-    GetLineList(kProject, lineIds, lineNames, *std::make_unique<std::vector<bool>>(), true, false, false,
-                true);
+    std::vector<bool> flags;
+    GetLineList(kProject, lineIds, lineNames, flags, true, false, false, true);
     GetProjectSpecs(kProject, specIds, specNames);
     const double fillLines = Measure([&] { palette.SetComboList(3, lineNames, lineIds); });
     const double fillSpecs = Measure([&] { palette.SetComboList(0, specNames, specIds); });
