@@ -15,6 +15,7 @@ class AcApDataManager : public AcApDocManagerReactor {
         }
     }
     ~AcApDataManager() override {
+        // The host may have taken its document manager down before an application's static objects go.
         if (acDocManager != nullptr) {
             acDocManager->removeReactor(this);
         }

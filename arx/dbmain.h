@@ -204,21 +204,16 @@ inline Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id,
 }
 
 // The same for a class; eNotThatKindOfClass if the object is of another, and it is not open then.
+ARX_PORT Acad::ErrorStatus acdbOpenAcDbObjectOfClass(AcDbObject*& object, AcDbObjectId id,
+                                                     AcDb::OpenMode mode, bool openErased,
+                                                     const AcRxClass* type);
 template <class T>
 Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead,
                                  bool openErased = false) {
-    object = nullptr;
     AcDbObject* opened = nullptr;
-    const Acad::ErrorStatus status = acdbOpenAcDbObject(opened, id, mode, openErased);
-    if (status != Acad::eOk) {
-        return status;
-    }
-    object = T::cast(opened);
-    if (object == nullptr) {
-        opened->close();
-        return Acad::eNotThatKindOfClass;
-    }
-    return Acad::eOk;
+    const Acad::ErrorStatus status = acdbOpenAcDbObjectOfClass(opened, id, mode, openErased, T::desc());
+    object = static_cast<T*>(opened);
+    return status;
 }
 
 inline Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode,

@@ -32,7 +32,7 @@
         AcRxObject* registered = acrxClassDictionary->at(ACRX_T(#CLASS_NAME));             \
         if (registered != nullptr) {                                                       \
             if (registered != gpDesc) {                                                    \
-                acrx_abort(ACRX_T("Class mismatch: %s"), ACRX_T(#CLASS_NAME));             \
+                acrx_abort(ACRX_T("Class mismatch"));                                      \
             }                                                                              \
             return;                                                                        \
         }                                                                                  \

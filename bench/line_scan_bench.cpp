@@ -11,6 +11,7 @@
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "document/drawing_queries.h"
+#include "unit/document/quiet_host.h"
 
 namespace {
 
@@ -52,7 +53,7 @@ void Fill(AcDbDatabase& database, int64_t entities) {
     }
 }
 
-// A new document with that many entities, closed again at the end.
+// A host with one document of that many entities.
 class Drawing {
   public:
     explicit Drawing(int64_t entities) {
@@ -67,6 +68,7 @@ class Drawing {
     AcApDocument& Document() const { return *m_document; }
 
   private:
+    QuietHost m_host;
     AcApDocument* m_document;
 };
 

@@ -40,6 +40,15 @@ function(kv2d_library name)
   target_link_libraries(${name} PUBLIC ${arg_LINKS})
 endfunction()
 
+# kv2d_test_code(TARGET): compiles quickly. Most of the build's time goes into test code, where neither optimisation
+# nor the checks for undefined behaviour find anything that they would not find in the code under test.
+function(kv2d_test_code target)
+  target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0>)
+  if(KV2D_SANITIZE AND NOT KV2D_FUZZ)
+    target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fno-sanitize=undefined>)
+  endif()
+endfunction()
+
 # kv2d_test(NAME SOURCES file... [LINKS target...] [DESKTOP]): a GoogleTest program with the common test main,
 # each of its cases a CTest test. DESKTOP marks programs that open windows: they share one desktop and its
 # focus, so CTest runs them one at a time.
@@ -47,6 +56,7 @@ function(kv2d_test name)
   cmake_parse_arguments(arg "DESKTOP" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   kv2d_defaults(${name})
+  kv2d_test_code(${name})
   target_link_libraries(${name} PRIVATE ${arg_LINKS} kv2d_test_support)
   set(properties TIMEOUT 120)
   if(arg_DESKTOP)

@@ -4,9 +4,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
-#include <tuple>
 
-#include "document/doc_xdata.h"
+#include "unit/document/xdata_fields.h"
 #include "unit/document/xdata_items.h"
 
 namespace {
@@ -65,22 +64,14 @@ XDataItems TakeItems(Input input) {
     return items;
 }
 
-auto Read(const XDataItems& items) {
-    CKV2D_DocXData data(kDocXDataAppName);
-    data.ReadItems(items.Get());
-    return std::tuple(data.m_specId, data.m_mainSize, data.m_branchSize, data.m_isoPlane, data.m_lineId,
-                      data.m_electricMode, data.m_projectId, data.m_extraLong, data.m_extraShort1,
-                      data.m_extraShort2, data.m_extraTag, data.m_appId);
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     XDataItems items = TakeItems(Input(data, size));
     const XDataItems again = TakeItems(Input(data, size));
-    const auto fields = Read(items);
-    if (Read(again) != fields) std::abort();
+    const auto fields = ReadFields(items);
+    if (ReadFields(again) != fields) std::abort();
     if (items.GetCount() > kItemsOfARecord) items.Cut(kItemsOfARecord);
-    if (Read(items) != fields) std::abort();
+    if (ReadFields(items) != fields) std::abort();
     return 0;
 }

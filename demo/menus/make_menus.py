@@ -4,6 +4,10 @@
 The icons are drawn here, on a field of 24 by 24; icons/NAME.svg keeps each drawing, and the .ico files are made from
 them as the module's own are. Needs rsvg-convert (librsvg2-bin) and convert (imagemagick). What it makes is kept with
 the sources, so the build needs neither.
+
+    make_menus.py           makes drawings, icons and menus
+    make_menus.py --check   tells whether drawings and menus are the ones that this script makes, and whether each menu
+                            has its icons
 """
 import pathlib
 import shutil
@@ -55,7 +59,7 @@ ICONS = {
     "pipe_second": line((2, 12), (22, 12), color=BLUE, width=1.5) + shape((15, 9.5), (20, 12), (15, 14.5), fill=BLUE, color=BLUE),
     "pipe_traced": PIPE + line((3, 7.5), (21, 7.5), color=RED, dash="3 2"),
     "pipe_jacket": line((2, 8), (22, 8), color=BLUE) + line((2, 16), (22, 16), color=BLUE) + line((2, 12), (22, 12), color=DARK),
-    "signal": line((2, 12), (22, 12), dash="3 2.5"),
+    "signal": line((2, 12), (22, 12), dash="4 3", width=2),
     "break": line((2, 12), (9, 12), color=BLUE, width=2.5) + line((15, 12), (22, 12), color=BLUE, width=2.5) + arc("M9 7 C12 10 7 14 10 17") + arc("M14 7 C17 10 12 14 15 17"),
     "valve_gate": ENDS + BOW,
     "valve_globe": ENDS + BOW + circle(12, 12, 2.6, fill=DARK),
@@ -65,9 +69,9 @@ ICONS = {
     "valve_control": ENDS + shape((5, 10), (19, 18), (19, 10), (5, 18), fill="#ffffff") + line((12, 14), (12, 8)) + arc("M7.5 8 A4.5 4.5 0 0 1 16.5 8 Z", fill=PALE),
     "valve_relief": shape((6, 20), (16, 20), (11, 12), fill="#ffffff") + shape((11, 12), (19, 8), (19, 16), fill="#ffffff") + line((11, 12), (11, 4)) + line((8.5, 9), (13.5, 7.5)) + line((8.5, 6.5), (13.5, 5)),
     "instrument": circle(12, 12, 8.5, fill="#ffffff") + letter("PI", y=15.8, size=9),
-    "instrument_panel": circle(12, 12, 8.5, fill="#ffffff") + line((3.5, 12), (20.5, 12)) + letter("LC", y=10.4, size=6.5) + letter("101", y=18.3, size=5.5),
+    "instrument_panel": circle(12, 12, 9.5, fill="#ffffff") + line((2.5, 13), (21.5, 13)) + letter("LC", y=11.4, size=8),
     "transmitter": circle(12, 9, 6.5, fill="#ffffff") + letter("FT", y=11.8, size=7) + line((12, 15.5), (12, 21)) + line((5, 21), (19, 21), color=BLUE, width=2.5),
-    "flow_element": PIPE + line((10.5, 6), (10.5, 18)) + line((13.5, 6), (13.5, 18)),
+    "flow_element": PIPE + line((9.5, 5), (9.5, 19), width=2) + line((14.5, 5), (14.5, 19), width=2),
     "pump": circle(11, 12, 7, fill=PALE) + line((11, 5), (21, 5), width=2) + shape((6, 21), (11, 17), (16, 21), fill=AMBER) + line((8, 12), (14, 12)) + line((11.5, 9.5), (14, 12), (11.5, 14.5)),
     "compressor": shape((3, 5), (21, 9), (21, 15), (3, 19)) + line((1, 12), (3, 12), width=2) + line((21, 12), (23, 12), width=2),
     "tank": arc("M4 8 Q12 2 20 8 V20 H4 Z", fill=PALE) + line((4, 8), (20, 8)),
@@ -75,9 +79,9 @@ ICONS = {
     "exchanger": circle(12, 12, 8.5, fill=PALE) + line((1, 12), (7, 12), (10, 8), (14, 16), (17, 12), (23, 12), color=RED),
     "column": arc("M8 4 Q12 0.5 16 4 V20 Q12 23.5 8 20 Z", fill=PALE) + "".join(line((8, y), (16, y)) for y in (7.5, 11, 14.5, 18)),
     "nozzle": line((4, 4), (4, 20), width=2.5) + line((4, 9.5), (15, 9.5)) + line((4, 14.5), (15, 14.5)) + line((15, 6.5), (15, 17.5), width=2.5),
-    "tag_line": PIPE + box(3, 3, 18, 6, fill="#ffffff", r=1) + letter("6-CW", y=8, size=5.2),
-    "tag_equipment": box(3, 6, 18, 12, fill="#ffffff", r=1.5) + letter("P-101", y=14.2, size=5.6),
-    "tag_valve": shape((5, 12), (19, 21), (19, 12), (5, 21), fill="#ffffff") + letter("V12", y=9.5, size=7.5),
+    "tag_line": line((2, 19), (22, 19), color=BLUE, width=2.5) + box(2.5, 2.5, 19, 12, fill="#ffffff", r=1.5) + letter("CW", y=12.2, size=9.5),
+    "tag_equipment": box(2, 4.5, 20, 15, fill="#ffffff", r=2) + letter("P1", y=16, size=11),
+    "tag_valve": shape((4, 13), (20, 22), (20, 13), (4, 22), fill="#ffffff") + letter("V1", y=10.5, size=10.5),
     "text": letter("A", y=19, size=19),
     "number": letter("12", y=17.5, size=14, color=BLUE),
     "report": box(5, 2.5, 14, 19, fill="#ffffff", r=1) + "".join(line((8, y), (16, y), width=1.2) for y in (7, 10.5, 14, 17.5)),
@@ -98,14 +102,14 @@ ICONS = {
     "dimension": line((3, 6), (3, 18)) + line((21, 6), (21, 18)) + line((3, 12), (21, 12)) + shape((3, 12), (7.5, 9.8), (7.5, 14.2), fill=DARK) + shape((21, 12), (16.5, 9.8), (16.5, 14.2), fill=DARK),
     "balloon": circle(9, 9, 6.5, fill="#ffffff") + letter("7", x=9, y=12.4, size=9) + line((13.5, 13.5), (21, 21)),
     "bom": box(2.5, 4, 19, 16, fill="#ffffff") + line((2.5, 9), (21.5, 9)) + line((2.5, 14.5), (21.5, 14.5)) + line((8, 4), (8, 20)),
-    "slope": line((2, 18), (22, 8), color=BLUE, width=2.5) + line((2, 18), (22, 18), dash="2 2") + letter("1%", x=16, y=21.5, size=6),
+    "slope": line((2, 14), (22, 4), color=BLUE, width=2.5) + line((2, 14), (22, 14), width=1.2) + letter("1%", x=14, y=23, size=9),
     "north": shape((12, 2), (17, 20), (12, 16), (7, 20), fill=PALE),
     "plan_pipe": line((2, 8.5), (22, 8.5), color=BLUE, width=2) + line((2, 15.5), (22, 15.5), color=BLUE, width=2) + line((2, 12), (22, 12), dash="4 1.5 1 1.5", width=1),
     "plan_elbow": arc("M2 5 H12 Q19 5 19 12 V22", color=BLUE, width=2) + arc("M2 11 H11 Q13 11 13 13 V22", color=BLUE, width=2),
     "riser": circle(12, 12, 8.5, color=BLUE) + arc("M12 3.5 A8.5 8.5 0 0 1 12 20.5 Q16 12 12 3.5", color=BLUE, fill=PALE),
     "grid": "".join(line((x, 7), (x, 22), dash="3 1.5") for x in (7, 17)) + line((2, 15), (22, 15), dash="3 1.5") + circle(7, 4.5, 2.6, fill="#ffffff") + circle(17, 4.5, 2.6, fill="#ffffff"),
     "section": line((4, 4), (4, 20), width=2) + line((4, 5), (13, 5)) + shape((13, 2.5), (18, 5), (13, 7.5), fill=DARK) + letter("A", x=13, y=19, size=10),
-    "level": shape((6, 6), (18, 6), (12, 14), fill="#ffffff") + line((2, 14), (22, 14)) + letter("+4.20", y=21.5, size=6.5),
+    "level": shape((6, 2.5), (18, 2.5), (12, 10.5), fill="#ffffff") + line((2, 10.5), (22, 10.5)) + letter("+4.2", y=21.5, size=9),
     "steel": line((5, 4), (19, 4), width=2.6) + line((12, 4), (12, 20), width=2.6) + line((5, 20), (19, 20), width=2.6),
     "equipment": circle(9, 12, 6.5, fill=PALE) + box(15.5, 7, 6.5, 10),
     "light": circle(12, 12, 8, fill="#fff3c4") + line((6.4, 6.4), (17.6, 17.6)) + line((17.6, 6.4), (6.4, 17.6)),
@@ -165,9 +169,9 @@ MENUS = {
                        (C, "column", "Column", "Column with trays", '(kv2d_Equipment "COLUMN")'),
                        (C, "exchanger", "Exchanger", "Heat exchanger", '(kv2d_Equipment "EXCHANGER")'),
                        (C, "nozzle", "Nozzle", "Nozzle on equipment", "(c:kv2d_Nozzle)")]),
-        ("Tags", [(C, "tag_line", "Line tag", "Tag a line with its number", "(c:kv2d_TagLine)"),
-                  (C, "tag_equipment", "Equipment tag", "Tag equipment", "(c:kv2d_TagEquipment)"),
-                  (C, "tag_valve", "Valve tag", "Tag a valve", "(c:kv2d_TagValve)"),
+        ("Tags", [(C, "tag_line", "Line", "Tag a line with its number", "(c:kv2d_TagLine)"),
+                  (C, "tag_equipment", "Equipment", "Tag equipment", "(c:kv2d_TagEquipment)"),
+                  (C, "tag_valve", "Valve", "Tag a valve", "(c:kv2d_TagValve)"),
                   (C, "text", "Note", "Write a note", "_text")]),
         TOOLS]),
     "Isometric": ("ISOMETRIC", [
@@ -222,16 +226,40 @@ def menu_text(tabs):
     return "\r\n".join(lines) + "\r\n"
 
 
+def drawing_text(content):
+    return ('<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 24 24" fill="none" '
+            f'stroke="{DARK}" stroke-width="1.5" stroke-linejoin="round" stroke-linecap="round">\n  {content}\n</svg>\n')
+
+
+def folder_of(menu):
+    return ROOT / "demo" / "share" / "Application" / "Tessarc" / menu
+
+
+def faults():
+    for name, content in ICONS.items():
+        svg = HERE / "icons" / f"{name}.svg"
+        if not svg.exists() or svg.read_text() != drawing_text(content):
+            yield f"{svg} is not what this script draws"
+    for name, (folder, tabs) in MENUS.items():
+        for size in (16, 32):
+            menu = folder_of(folder) / f"{name}{size}.tbm"
+            if not menu.exists() or menu.read_bytes() != menu_text(tabs).encode():
+                yield f"{menu} is not what this script writes"
+        for _, items in tabs:
+            for _, icon, *_ in items:
+                if not (folder_of(folder) / "Icons" / f"{icon}.ico").exists():
+                    yield f"{folder} has no icon {icon}"
+
+
 def main():
     drawings = HERE / "icons"
     drawings.mkdir(exist_ok=True)
     for name, content in ICONS.items():
         svg = drawings / f"{name}.svg"
-        svg.write_text('<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 24 24" fill="none" '
-                       f'stroke="{DARK}" stroke-width="1.5" stroke-linejoin="round" stroke-linecap="round">\n  {content}\n</svg>\n')
+        svg.write_text(drawing_text(content))
         make_icons.make_icon(svg)
     for name, (folder, tabs) in MENUS.items():
-        target = ROOT / "demo" / "share" / "Application" / "Tessarc" / folder
+        target = folder_of(folder)
         (target / "Icons").mkdir(parents=True, exist_ok=True)
         for size in (16, 32):
             (target / f"{name}{size}.tbm").write_bytes(menu_text(tabs).encode())
@@ -243,4 +271,6 @@ def main():
 
 
 if __name__ == "__main__":
+    if sys.argv[1:] == ["--check"]:
+        sys.exit("\n".join(faults()) or 0)
     main()

@@ -2,12 +2,12 @@
 //
 // A project keeps them in one of two ways (LocalLineIni of General.ini):
 // - project mode: Lines.ini in the project's folder; the last id given out, of all projects, is in
-// LineDatafile.ini
-//   in the data files folder;
-// - local mode: a file per drawing and a LineDatafile.ini, both in the folder LocalLineIniPath of
-// General.ini. Either line file holds live lines (LineList) and deleted ones (DeletedLines), as
-// KV2D_LINE_<id> = <name>. The name of a deleted line stays taken. Nothing guards the files against other
-// workstations: the last writer wins.
+//   LineDatafile.ini in the data files folder;
+// - local mode: a file per drawing and a LineDatafile.ini, both in the folder LocalLineIniPath.
+//
+// Either line file holds live lines (LineList) and deleted ones (DeletedLines), as KV2D_LINE_<id> = <name>.
+// The name of a deleted line stays taken. Nothing guards the files against other workstations: the last
+// writer wins.
 //
 // One line document is cached, by project id alone and for both modes: a cached list is stale until one of
 // the Reload calls.

@@ -4,7 +4,7 @@
 #include <array>
 #include <memory>
 #include <string_view>
-#include <unordered_set>
+#include <utility>
 
 #include "acdocman.h"
 #include "acedads.h"
@@ -16,6 +16,7 @@
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
+#include "document/distinct_texts.h"
 #include "platform/letter_case.h"
 #include "platform/platform.h"
 #include "storage/path_text.h"
@@ -80,12 +81,12 @@ Acad::ErrorStatus CollectFromModelSpace(std::vector<std::wstring>& out, AcDbData
         if (status != Acad::eOk) return status;
         pEntities.reset(pIterator);
     }
-    std::unordered_set<std::wstring> known(out.begin(), out.end());
+    CDistinctTexts lines(out);
     for (; !pEntities->done(); pEntities->step()) {
         AcDbObjectId id;
         if (pEntities->getEntityId(id) != Acad::eOk) continue;
         std::wstring strLine;
-        if (GetLineNumberOfBlock(id, strLine) && known.insert(strLine).second) out.push_back(strLine);
+        if (GetLineNumberOfBlock(id, strLine)) lines.Add(std::move(strLine));
     }
     return Acad::eOk;
 }

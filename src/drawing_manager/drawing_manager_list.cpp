@@ -7,6 +7,7 @@
 #include "document/drawing_queries.h"
 #include "drawing_manager/drawing_manager_dlg.h"
 #include "drawing_manager/drawing_names.h"
+#include "drawing_manager/lock_files.h"
 #include "drawing_manager/manager_registry.h"
 #include "platform/letter_case.h"
 #include "platform/platform.h"
@@ -36,9 +37,17 @@ void CDrawingManagerDlg::AppendRows(std::vector<CDrawingRow>& aRows, bool bBacku
     const std::wstring strExtension = bBackups ? kBackupExtension : kDrawingExtension;
     std::vector<std::wstring> astrSizes, astrDates;
     ListDrawings(m_strFolder, astrNames, astrSizes, astrDates, bBackups);
+    // To look for each drawing's lock file by itself costs a large folder on a slow share a second listing
+    // for every drawing. Only those that are there are read.
+    const CLockFiles locks(m_strFolder);
     for (size_t i = 0; i < astrNames.size(); ++i) {
         const std::wstring strText = bBackups ? astrNames[i] + strExtension : astrNames[i];
-        aRows.push_back({strText, GetDrawingState(astrNames[i], strExtension), astrSizes[i], astrDates[i]});
+        const std::wstring strPath = m_strFolder + astrNames[i] + strExtension;
+        const DrawingState state =
+            bBackups || locks.Has(astrNames[i])
+                ? GetDrawingState(astrNames[i], strExtension)
+                : GetStateOfDrawing(false, platform::GetFiles().GetAttributes(strPath));
+        aRows.push_back({strText, state, astrSizes[i], astrDates[i]});
     }
 }
 

@@ -163,7 +163,8 @@ ErrorCode MemoryFiles::ReadBytes(const std::wstring& path, Sharing sharing, std:
 }
 
 WriteResult MemoryFiles::WriteBytes(const std::wstring& path, std::string_view bytes) {
-    if (m_log.Record(L"WriteBytes", path)) return WriteResult::kCannotCreate;
+    const bool isToFail = m_log.Record(L"WriteBytes", path);
+    if (isToFail && !m_breakOffAt) return WriteResult::kCannotCreate;
     if (FindFault(Fault::kCreate, path)) return WriteResult::kCannotCreate;
     const Place place = Locate(path);
     Node* node = place.node;
@@ -181,8 +182,11 @@ WriteResult MemoryFiles::WriteBytes(const std::wstring& path, std::string_view b
     }
     node->modified = NextStamp();
     node->attributes |= kAttributeArchive;
-    if (const FaultRule* fault = FindFault(Fault::kWrite, path); fault && fault->byte < bytes.size()) {
-        node->bytes = bytes.substr(0, fault->byte);
+    const FaultRule* fault = FindFault(Fault::kWrite, path);
+    size_t written = fault ? fault->byte : bytes.size();
+    if (isToFail) written = *m_breakOffAt;
+    if (written < bytes.size()) {
+        node->bytes = bytes.substr(0, written);
         return WriteResult::kWriteFailed;
     }
     node->bytes = bytes;
@@ -403,6 +407,10 @@ void MemoryFiles::FailWriteAt(const std::wstring& path, size_t byte) {
     AddFault(Fault::kWrite, path, kDiskFull, byte);
 }
 
+void MemoryFiles::BreakOffFailingWrite(size_t byte) {
+    m_breakOffAt = byte;
+}
+
 void MemoryFiles::RefuseMove(const std::wstring& from, ErrorCode error) {
     AddFault(Fault::kMove, from, error);
 }
@@ -417,6 +425,7 @@ void MemoryFiles::RefuseMakeFolder(const std::wstring& path, ErrorCode error) {
 
 void MemoryFiles::ClearFaults() {
     m_faults.clear();
+    m_breakOffAt.reset();
 }
 
 }  // namespace platform

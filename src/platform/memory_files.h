@@ -6,6 +6,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -56,6 +57,8 @@ class MemoryFiles : public Files {
     void RefuseOpen(const std::wstring& path, ErrorCode error = kAccessDenied);
     void RefuseCreate(const std::wstring& path);
     void FailWriteAt(const std::wstring& path, size_t byte);  // bytes ahead of it reach the file
+    // A write that is to fail by CallLog::FailCall is not refused but breaks off at that byte.
+    void BreakOffFailingWrite(size_t byte);
     void RefuseMove(const std::wstring& from, ErrorCode error = kAccessDenied);
     void RefuseRemove(const std::wstring& path, ErrorCode error = kAccessDenied);
     void RefuseMakeFolder(const std::wstring& path, ErrorCode error = kAccessDenied);
@@ -84,6 +87,7 @@ class MemoryFiles : public Files {
     FileTime m_lastStamp = 0;
     std::map<std::wstring, std::unique_ptr<Node>> m_roots;
     std::vector<FaultRule> m_faults;
+    std::optional<size_t> m_breakOffAt;
 };
 
 // Whether a file's name, or the short name that an old file system gives it, matches a pattern with * and ?.

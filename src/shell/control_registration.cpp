@@ -37,8 +37,9 @@ struct Probe {
     const wchar_t* szExpected;
 };
 
-// A machine whose class keys match but whose machine key does not runs the registrar at every load: the
-// asymmetry of the two lists is meant.
+// A machine whose class keys match but whose machine key does not runs the registrar at every load, and one
+// that lacks only the machine's program key never runs it and stays unverified: the asymmetry of the lists is
+// meant.
 constexpr Probe kProbesBefore[] = {
     {platform::Hive::kClassesRoot, kThumbnailProgramKey, kThumbnailClass},
     {platform::Hive::kClassesRoot, kThumbnailClassKey, kThumbnailDescription},
@@ -115,9 +116,10 @@ void RegisterMenuControl() {
 
 bool RegisterThumbnailControl() {
     CopyOcxFiles();
-    if (AllMatch(kProbesBefore)) return true;
-    const std::wstring strPath = GetCommonProgramFilesPath() + kThumbnailFile;
-    if (!HasControlFile(strPath, platform::BoxOwner::kNone)) return false;
-    RunRegistrar(strPath, kThumbnailRegistrarFolder);
+    if (!AllMatch(kProbesBefore)) {
+        const std::wstring strPath = GetCommonProgramFilesPath() + kThumbnailFile;
+        if (!HasControlFile(strPath, platform::BoxOwner::kNone)) return false;
+        RunRegistrar(strPath, kThumbnailRegistrarFolder);
+    }
     return AllMatch(kProbesAfter);
 }

@@ -22,6 +22,7 @@ std::wstring ReadDefaultRegValue(platform::Hive hive, const std::wstring& strKey
 // and a registration that failed are told in a box over the host's main window.
 void RegisterMenuControl();
 
-// Copies the files, and registers the drawing thumbnail control unless all of its keys hold exactly what they
-// should. A missing file is told in a box without owner. True if the control is properly known afterwards.
+// Copies the files, and registers the drawing thumbnail control unless the three keys that are looked at
+// first hold exactly what they should. A missing file is told in a box without owner. True if all four keys
+// are right afterwards, whether the registrar ran or not.
 bool RegisterThumbnailControl();

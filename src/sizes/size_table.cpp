@@ -60,8 +60,7 @@ void SetSizeRow(CKV2D_IniFile& ini, const CSizeRow& row) {
     set(kSizeSetMetricNps, row.strMetricNominal);
 }
 
-// Fills the document, which has its path. A table in the old form is written back at once: were it left to
-// the destructor, every copy of the document would write the file again.
+// Fills the document, which has its path. A table in the old form leaves it changed.
 void ReadTable(CKV2D_IniFile& ini, std::string strBytes) {
     CTextStream stream(std::move(strBytes));
     CTextStream firstLine(stream);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <map>
+#include <set>
 
 #include "database/database_data.h"
 #include "drawing_file/dxf_text.h"
@@ -42,7 +43,7 @@ std::string Point(const AcGePoint3d& point) {
 
 std::string Name(const AcDbStub* record, const char* fallback) {
     const auto* data = DataAs<database::RecordData>(record);
-    return data != nullptr ? Utf8(data->name) : fallback;
+    return data != nullptr && !record->erased ? Utf8(data->name) : fallback;
 }
 
 std::string Item(const database::DataItem& item) {
@@ -175,7 +176,9 @@ std::string Block(const database::BlockRecordData& block) {
     std::string text = "BLOCK " + Utf8(block.name) + " origin=" + Point(block.origin) + "\n" +
                        Items("  xdata ", block.xdata);
     for (const AcDbStub* stub : block.entities) {
-        if (!stub->erased) text += Entity(*DataAs<database::EntityData>(stub));
+        const auto* reference = DataAs<database::BlockReferenceData>(stub);
+        if (stub->erased || (reference != nullptr && reference->block->erased)) continue;
+        text += Entity(*DataAs<database::EntityData>(stub));
     }
     return text;
 }
@@ -183,8 +186,9 @@ std::string Block(const database::BlockRecordData& block) {
 // `depth` ends at dictionaries that contain themselves.
 std::string Dictionary(const std::string& indent, const database::DictionaryData& dictionary, int depth) {
     std::map<std::string, const AcDbStub*> sorted;
-    for (const auto& entry : dictionary.entries)
-        sorted[Utf8(entry.name)] = entry.stub;
+    for (const auto& entry : dictionary.entries) {
+        if (!entry.stub->erased) sorted[Utf8(entry.name)] = entry.stub;
+    }
     std::string text;
     for (const auto& [name, stub] : sorted) {
         text += indent + name;
@@ -213,6 +217,21 @@ std::vector<const Data*> SortedRecords(const AcDbStub* table) {
     return records;
 }
 
+// The names that are registered, and those that are not any more but have data.
+std::set<std::string> Applications(const AcDbImpDatabase& drawing) {
+    std::set<std::string> names;
+    for (const auto* application : SortedRecords<database::RegAppData>(drawing.regAppTable))
+        names.insert(Utf8(application->name));
+    for (const AcDbStub& stub : drawing.stubs) {
+        if (stub.object == nullptr || stub.erased) continue;
+        for (const database::DataItem& item : stub.data->xdata) {
+            if (item.code == database::kApplicationNameCode)
+                names.insert(Utf8(std::get<std::wstring>(item.value)));
+        }
+    }
+    return names;
+}
+
 }  // namespace
 
 std::string DescribeContent(const AcDbDatabase& drawing) {
@@ -232,9 +251,8 @@ std::string DescribeContent(const AcDbDatabase& drawing) {
     for (const auto* style : SortedRecords<database::TextStyleData>(data.textStyleTable)) {
         text += "STYLE " + Utf8(style->name) + " font=" + Utf8(style->font) + "\n";
     }
-    for (const auto* application : SortedRecords<database::RegAppData>(data.regAppTable)) {
-        text += "APPID " + Utf8(application->name) + "\n";
-    }
+    for (const std::string& application : Applications(data))
+        text += "APPID " + application + "\n";
     for (const auto* block : SortedRecords<database::BlockRecordData>(data.blockTable))
         text += Block(*block);
     text += "OBJECTS\n";

@@ -173,6 +173,81 @@ void FillGeometry(AcDbDatabase& drawing) {
     MUST(old->close());
 }
 
+// A dictionary in which entries were replaced, renamed and erased, with items of every kind.
+void FillDictionaries(AcDbDatabase& drawing) {
+    AcDbObjectPointer<AcDbDictionary> root(drawing.namedObjectsDictionaryId(), AcDb::kForWrite);
+    AcDbObjectId id;
+    auto* dictionary = new AcDbDictionary;
+    MUST(root->setAt(kRecord, dictionary, id));
+    MUST(dictionary->setTreatElementsAsHard(true));
+    for (const wchar_t* name : {L"First", L"ERASED", L"first", L"\u00C4 \u4E2D"}) {
+        auto* record = new AcDbXrecord;
+        MUST(dictionary->setAt(name, record, id));
+        const ads_point point = {1.5, -2.5, 1e-9};
+        char bytes[] = {0, 1, -1};
+        const ads_binary binary = {3, bytes};
+        resbuf* items = acutBuildList(1, name, 70, -32768, 90, -2147483647, 40, 0.1, 10, point, 290, 1, 310,
+                                      &binary, 420, 0xFFFFFF, 102, L"{NOT A LIST", RTNONE);
+        MUST(record->setFromRbChain(*items));
+        acutRelRb(items);
+        if (std::wstring_view(name) == L"ERASED") MUST(record->erase());
+        MUST(record->close());
+    }
+    if (!dictionary->setName(L"FIRST", L"Renamed")) std::exit(1);
+    MUST(dictionary->close());
+}
+
+AcDbObjectId MakeLayer(AcDbDatabase& drawing, const wchar_t* name) {
+    AcDbObjectPointer<AcDbLayerTable> layers(drawing.layerTableId(), AcDb::kForWrite);
+    auto* record = new AcDbLayerTableRecord;
+    MUST(record->setName(name));
+    AcDbObjectId id;
+    MUST(layers->add(id, record));
+    MUST(record->close());
+    return id;
+}
+
+AcDbObjectId IdOfApplication(AcDbDatabase& drawing, const wchar_t* name) {
+    AcDbObjectPointer<AcDbRegAppTable> names(drawing.regAppTableId());
+    AcDbObjectId id;
+    MUST(names->getAt(name, id));
+    return id;
+}
+
+void AddTroubledReference(AcDbDatabase& drawing, AcDbObjectId block, AcDbObjectId layer) {
+    AcDbObjectPointer<AcDbBlockTableRecord> space(ModelSpace(drawing), AcDb::kForWrite);
+    auto* reference = new AcDbBlockReference({1, 2, 0}, block);
+    MUST(space->appendAcDbEntity(reference));
+    MUST(reference->setLayer(layer));
+    auto* attribute = new AcDbAttribute;
+    MUST(attribute->setTag(L"LIN_NUM"));
+    MUST(attribute->setTextString(L"\"-\" \t ^J \\U+00d8 \x2205 100%"));
+    MUST(reference->appendAttribute(attribute));
+    SetXdata(*attribute, 1001, L"AGAIN", 1000, L"", 1070, 1, 1001, L"ERASED", 1005, L"FFFF");
+    MUST(attribute->close());
+    MUST(reference->close());
+}
+
+// Names that were erased while things still use them, one that was registered again: whatever applications
+// leave behind.
+void FillLeftovers(AcDbDatabase& drawing) {
+    acdbHostApplicationServices()->setWorkingDatabase(&drawing);
+    for (const wchar_t* name : {L"ERASED", L"AGAIN", L"UNUSED"}) {
+        if (acdbRegApp(name) != RTNORM) std::exit(1);
+    }
+    const AcDbObjectId gone = MakeBlock(drawing, L"GONE");
+    const AcDbObjectId layer = MakeLayer(drawing, L"GONE");
+    AddTroubledReference(drawing, MakeBlock(drawing, L"VAL_BLK"), layer);
+    AddTroubledReference(drawing, gone, layer);
+    for (const AcDbObjectId id : {gone, layer, IdOfApplication(drawing, L"ERASED"),
+                                  IdOfApplication(drawing, L"AGAIN"), IdOfApplication(drawing, L"UNUSED")}) {
+        AcDbObjectPointer<AcDbObject> object(id, AcDb::kForWrite);
+        MUST(object->erase());
+    }
+    if (acdbRegApp(L"AGAIN") != RTNORM) std::exit(1);
+    FillDictionaries(drawing);
+}
+
 void Save(AcDbDatabase& drawing, const std::string& path) {
     std::ofstream(path + ".dwg", std::ios::binary) << workbench::drawing_file::WriteDrawing(drawing);
     std::ofstream(path + ".txt", std::ios::binary) << DescribeContent(drawing);
@@ -191,6 +266,9 @@ int main(int argc, char** argv) {
     AcDbDatabase geometry(true, true);
     FillGeometry(geometry);
     Save(geometry, folder + "geometry");
+    AcDbDatabase leftovers(true, true);
+    FillLeftovers(leftovers);
+    Save(leftovers, folder + "leftovers");
     acdbHostApplicationServices()->setWorkingDatabase(nullptr);
     return 0;
 }

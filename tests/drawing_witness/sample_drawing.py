@@ -55,7 +55,11 @@ def add_entities(doc, release):
     marked.set_xdata("ANOTHER", [
         (1002, "{"), (1000, "text"), (1040, 1.5), (1002, "{"), (1010, (1, 2, 3)), (1002, "}"), (1003, "PIPES"),
         (1005, "FF"), (1041, 2.5), (1042, -1.0), (1002, "}")])
+    reference.attribs[0].set_xdata(RECORD_NAME, [(1000, "on an attribute"), (1004, b"\x00\x01\xff"), (1071, -1)])
+    marked.set_xdata(RECORD_NAME, [(1000, "x" * 255), (1011, (1, 2, 3)), (1012, (0, 0, 1)), (1013, (-1, 0, 0))])
+    doc.layers.get("PIPES").set_xdata("ANOTHER", [(1000, "on a layer"), (1070, 3)])
     if release != "R12":
+        doc.blocks.get("VAL_BLK").block_record.set_xdata("ANOTHER", [(1000, "on a block"), (1071, 70000)])
         space.add_lwpolyline([(0, 0, 0, 0, 0), (10, 0, 1, 2, 0.5), (10, 10, 0, 0, 0)], format="xyseb", close=True)
         space.add_mtext("Notes:\\P" + "a long text, " * 40 + "\u2205 end", {"char_height": 2.5})
         space.add_ellipse((0, 0), major_axis=(10, 5), ratio=0.3, start_param=0.5, end_param=4)
@@ -78,7 +82,8 @@ def add_records(doc):
         lines.tags.append(DXFTag(90, line_id))
     mixed = dictionary.add_xrecord("Mixed")
     mixed.tags.extend([DXFTag(1, "text"), DXFTag(70, -3), DXFTag(40, 0.1), DXFVertex(10, (1, 2, 3)), DXFTag(290, 1),
-                       DXFTag(102, "{NOT A LIST"), DXFTag(330, "FFFF")])
+                       DXFTag(102, "{NOT A LIST"), DXFTag(330, "FFFF"), DXFTag(420, 0xFFFFFF), DXFTag(160, 1 << 40),
+                       DXFTag(1070, -5), DXFTag(1000, "as in extended data")])
     line = doc.modelspace().query("LINE").first
     own = line.new_extension_dict().dictionary.add_xrecord("OWN")
     own.tags.append(DXFTag(1, "kept with the line"))

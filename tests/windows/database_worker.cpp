@@ -1,10 +1,10 @@
 // Another workstation at work in a database: a process of its own, with real files.
 //
-//   database_worker lines FOLDER NAME COUNT  creates and renames COUNT lines of project 5 and writes what it
-//   did to
-//                                            FOLDER\NAME.txt, a row a line: "<id> <code of the rename>
-//                                            <name>"
-//   database_worker sizes FOLDER NAME        writes the outside diameters of size.tp to FOLDER\NAME.txt
+//   database_worker lines FOLDER NAME COUNT
+//       creates and renames COUNT lines of project 5 and writes what it did to FOLDER\NAME.txt, a row a line:
+//       "<id> <code of the rename> <name>"
+//   database_worker sizes FOLDER NAME
+//       writes the outside diameters of size.tp to FOLDER\NAME.txt
 //
 // FOLDER is the data files folder. The line worker waits until the file FOLDER\go exists.
 #include <windows.h>

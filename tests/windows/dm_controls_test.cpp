@@ -394,6 +394,7 @@ TEST_F(OwnerDrawnButton, Icon_IsDrawn) {
 
 TEST_F(OwnerDrawnButton, MissingIcon_LeavesAnEmptyButtonAndNoHandle) {
     m_button.SetIcon(IDI_OPEN, 24, 24);
+    EXPECT_TRUE(HasPicture());  // the first picture also makes objects that stay
     m_button.SetIcon(4711, 24, 24);
     const windows::HandleCount before = windows::HandleCount::Now();
     for (int i = 0; i < 50; ++i)

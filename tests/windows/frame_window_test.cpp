@@ -138,5 +138,42 @@ TEST_F(FrameWindow, SmallFrame_LaysOutWithoutHarm) {
     }
 }
 
+TEST_F(FrameWindow, FocusTakenFromAModelessDialog_LeavesTheDialogAboveTheFrame) {
+    const HWND dialog = CreateWindowExW(0, L"#32770", L"Modeless", WS_POPUP | WS_CAPTION | WS_VISIBLE, 200,
+                                        200, 300, 200, *m_frame, nullptr, nullptr, nullptr);
+    ::SetFocus(dialog);
+    m_frame->OfferFocusToCommandLine();
+    EXPECT_EQ(m_frame->GetSafeHwnd(), ::GetActiveWindow());
+    EXPECT_TRUE(::IsChild(CommandLine(), ::GetFocus()));
+    HWND upper = ::GetTopWindow(nullptr);
+    while (upper != nullptr && upper != dialog && upper != m_frame->GetSafeHwnd())
+        upper = ::GetWindow(upper, GW_HWNDNEXT);
+    EXPECT_EQ(dialog, upper);
+    ::DestroyWindow(dialog);
+}
+
+TEST_F(FrameWindow, Frames_MadeAndDestroyed_LeaveNothingBehind) {
+    const auto once = [] {
+        auto* other = new frame::MainFrame({});  // deletes itself with its window
+        ASSERT_TRUE(other->CreateFrame(false));
+        other->ShowWindow(SW_SHOW);
+        other->SetForegroundWindow();
+        other->RequestWork();
+        other->SetDocuments({L"A.dwg"}, 0);
+        other->SendMessage(WM_COMMAND, frame::kCommandNew, 0);
+        windows::PumpWaiting();
+        other->SendMessage(WM_CLOSE);
+        windows::PumpWaiting();
+    };
+    once();
+    const windows::HandleCount before = windows::HandleCount::Now();
+    for (int i = 0; i < 20; ++i)
+        once();
+    const windows::HandleCount after = windows::HandleCount::Now();
+    EXPECT_EQ(after.windows, before.windows);
+    EXPECT_LE(after.gdi, before.gdi + 2);
+    EXPECT_TRUE(::IsWindowVisible(*m_frame));
+}
+
 }  // namespace
 }  // namespace frame_test

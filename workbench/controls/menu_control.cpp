@@ -228,7 +228,8 @@ void MenuControl::SelectTab(int tab) {
     if (tab < 0 || tab >= static_cast<int>(m_menu.tabs.size()) || tab == m_tab) return;
     m_tab = tab;
     m_scroll = 0;
-    m_focus = m_hot = m_pressed = -1;
+    m_hot = m_pressed = -1;
+    m_focus = GetFocus() == m_window && !Items().empty() ? 0 : -1;
     Arrange();
 }
 
@@ -297,6 +298,14 @@ void MenuControl::OnKey(WPARAM key) {
         case VK_SPACE:
             return Pick(m_focus);
     }
+}
+
+// Plain Tab and Escape stay the dialog's, so that the keyboard can leave the control.
+LRESULT MenuControl::DialogCode(const MSG* message) {
+    if (!message || message->message != WM_KEYDOWN) return DLGC_WANTARROWS;
+    const bool wanted =
+        message->wParam == VK_RETURN || (message->wParam == VK_TAB && GetKeyState(VK_CONTROL) < 0);
+    return DLGC_WANTARROWS | (wanted ? DLGC_WANTMESSAGE : 0);
 }
 
 void MenuControl::OnMouseMove(int x, int y) {
@@ -411,8 +420,11 @@ LRESULT MenuControl::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnKey(wParam);
             return 0;
         case WM_GETDLGCODE:
-            return DLGC_WANTARROWS | DLGC_WANTALLKEYS;
+            return DialogCode(reinterpret_cast<const MSG*>(lParam));
         case WM_SETFOCUS:
+            if (m_focus < 0 && !Items().empty()) m_focus = 0;
+            InvalidateRect(m_window, nullptr, FALSE);
+            return 0;
         case WM_KILLFOCUS:
         case WM_ENABLE:
             InvalidateRect(m_window, nullptr, FALSE);

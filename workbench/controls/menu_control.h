@@ -51,6 +51,7 @@ class MenuControl final : public ComControl {
     void ScrollTo(int scroll);
     void OnScroll(WORD code);
     void OnKey(WPARAM key);
+    static LRESULT DialogCode(const MSG* message);
     void OnMouseMove(int x, int y);
     void OnButtonDown(int x, int y);
     void OnButtonUp(int x, int y);

@@ -18,7 +18,11 @@ constexpr int kMostPictures = 16;
 
 constexpr std::uint32_t kBitmapHeaderSize = 40;
 constexpr int kLargestSide = 4096;
+constexpr std::int64_t kMostPixels = 4 << 20;
 constexpr std::uint32_t kUncompressed = 0;
+
+// What a PNG begins with: its mark, then the length and the type of its first chunk, then width and height.
+constexpr std::string_view kPngStart("\x89PNG\r\n\x1A\n\0\0\0\rIHDR", 16);
 
 // Little-endian numbers out of bytes, with every place checked.
 class Bytes {
@@ -33,11 +37,22 @@ class Bytes {
             number = number << 8 | static_cast<std::uint8_t>(m_bytes[at + i]);
         return number;
     }
+    std::uint32_t BigNumber(std::size_t at) const {
+        std::uint32_t number = 0;
+        for (std::size_t i = 0; i < 4; ++i)
+            number = number << 8 | static_cast<std::uint8_t>(m_bytes[at + i]);
+        return number;
+    }
     std::string_view Part(std::size_t at, std::size_t count) const { return m_bytes.substr(at, count); }
 
   private:
     std::string_view m_bytes;
 };
+
+bool IsSensibleSize(std::int64_t width, std::int64_t height) {
+    return width >= 1 && height >= 1 && width <= kLargestSide && height <= kLargestSide &&
+           width * height <= kMostPixels;
+}
 
 }  // namespace
 
@@ -73,8 +88,7 @@ bool MeasureBitmap(std::string_view picture, BitmapLayout& layout) {
     const auto width = static_cast<std::int32_t>(bytes.Number(4, 4));
     const auto height = static_cast<std::int32_t>(bytes.Number(8, 4));
     const std::uint32_t bits = bytes.Number(14, 2);
-    if (width < 1 || width > kLargestSide || height == 0 || height < -kLargestSide || height > kLargestSide)
-        return false;
+    if (!IsSensibleSize(width, std::abs(std::int64_t{height}))) return false;
     if (bits != 1 && bits != 4 && bits != 8 && bits != 24 && bits != 32) return false;
     if (bytes.Number(16, 4) != kUncompressed) return false;
     std::size_t colors = bytes.Number(32, 4);
@@ -87,6 +101,17 @@ bool MeasureBitmap(std::string_view picture, BitmapLayout& layout) {
     const std::size_t rowSize = (static_cast<std::size_t>(width) * bits + 31) / 32 * 4;
     layout = {width, height, kBitmapHeaderSize + colors * 4};
     return bytes.Has(layout.bitsOffset, rowSize * static_cast<std::size_t>(std::abs(height)));
+}
+
+bool MeasurePng(std::string_view picture, int& width, int& height) {
+    const Bytes bytes(picture);
+    if (!picture.starts_with(kPngStart) || !bytes.Has(kPngStart.size(), 8)) return false;
+    const std::int64_t across = bytes.BigNumber(kPngStart.size()),
+                       down = bytes.BigNumber(kPngStart.size() + 4);
+    if (!IsSensibleSize(across, down)) return false;
+    width = static_cast<int>(across);
+    height = static_cast<int>(down);
+    return true;
 }
 
 }  // namespace controls

@@ -29,7 +29,11 @@ struct BitmapLayout {
 };
 
 // False unless header, colour table and all rows lie inside `bytes`, for uncompressed pictures of 1 to 32
-// bits a pixel and at most 4,096 pixels a side.
+// bits a pixel, at most 4,096 pixels a side and 4,194,304 pixels in all.
 bool MeasureBitmap(std::string_view bytes, BitmapLayout& layout);
+
+// Reads the size that a PNG says of itself. False for other bytes, and beyond the limits of bitmaps: a few
+// bytes can claim a picture that would take minutes to unpack.
+bool MeasurePng(std::string_view bytes, int& width, int& height);
 
 }  // namespace controls

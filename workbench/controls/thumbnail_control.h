@@ -13,9 +13,6 @@ namespace controls {
 inline constexpr DISPID kThumbnailFile = 0;
 inline constexpr DISPID kThumbnailOption = 1;  // kept, and without effect here
 
-// A drawing with more entities in its model is shown by the first of them.
-inline constexpr std::size_t kMostThumbnailEntities = 10'000;
-
 class ThumbnailControl final : public ComControl {
   public:
     ThumbnailControl();

@@ -11,10 +11,11 @@ using std::min;
 #include <gdiplus.h>
 #include <shlwapi.h>
 
+#include <vector>
+
 #include "controls/drawing_excerpt.h"
 #include "controls/file_bytes.h"
 #include "controls/preview_picture.h"
-#include "controls/thumbnail_control.h"
 #include "dbmain.h"
 #include "drawing_file/drawing_reader.h"
 #include "frame/drawing_display.h"
@@ -24,7 +25,10 @@ namespace controls {
 
 namespace {
 
-constexpr std::size_t kLargestFile = 64u << 20;  // bytes
+// Of a larger file the beginning is looked at: reading more over a slow network would hold up the designer.
+constexpr std::size_t kMostFileBytes = 16u << 20;
+// Entities that are drawn, those of blocks counted each time that they are seen.
+constexpr std::size_t kMostPlacedEntities = 50'000;
 
 frame::Color ToCanvasColor(COLORREF color) {
     return static_cast<frame::Color>(GetRValue(color)) << 16 |
@@ -48,11 +52,13 @@ bool DrawBitmapPreview(std::string_view bytes, HDC dc, int width, int height) {
     const int rows = layout.height < 0 ? -layout.height : layout.height;
     const RECT at = FitInto(layout.width, rows, width, height);
     // The header is copied: it lies unaligned in the file.
-    std::string header(bytes.substr(0, layout.bitsOffset));
+    std::vector<BYTE> header(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(layout.bitsOffset));
+    auto* info = reinterpret_cast<BITMAPINFO*>(header.data());
+    // True colours need no table, and the rows begin where one would lie.
+    if (info->bmiHeader.biBitCount > 8) info->bmiHeader.biClrUsed = 0;
     SetStretchBltMode(dc, HALFTONE);
     return StretchDIBits(dc, at.left, at.top, at.right - at.left, at.bottom - at.top, 0, 0, layout.width,
-                         rows, bytes.data() + layout.bitsOffset,
-                         reinterpret_cast<const BITMAPINFO*>(header.data()), DIB_RGB_COLORS, SRCCOPY) != 0;
+                         rows, bytes.data() + layout.bitsOffset, info, DIB_RGB_COLORS, SRCCOPY) != 0;
 }
 
 // GDI+ for the length of one picture.
@@ -75,6 +81,8 @@ class GdiplusSession {
 };
 
 bool DrawPngPreview(std::string_view bytes, HDC dc, int width, int height) {
+    int pictureWidth = 0, pictureHeight = 0;
+    if (!MeasurePng(bytes, pictureWidth, pictureHeight)) return false;
     const GdiplusSession session;
     if (!session.Started()) return false;
     IStream* stream =
@@ -97,14 +105,12 @@ bool DrawPngPreview(std::string_view bytes, HDC dc, int width, int height) {
     return drawn;
 }
 
-bool DrawModel(std::string_view bytes, HDC dc, std::uint32_t* pixels, int width, int height,
+bool DrawModel(std::string_view excerpt, HDC dc, std::uint32_t* pixels, int width, int height,
                frame::Color back) {
     AcDbDatabase database(false, true);
     std::wstring error;
-    if (!workbench::drawing_file::ReadDrawing(TakeDrawingExcerpt(bytes, kMostThumbnailEntities), database,
-                                              error))
-        return false;
-    const frame::DisplayList list = frame::BuildDisplayList(&database);
+    if (!workbench::drawing_file::ReadDrawing(excerpt, database, error)) return false;
+    const frame::DisplayList list = frame::BuildDisplayList(&database, kMostPlacedEntities);
     frame::ViewTransform view;
     view.SetWindowSize(width, height);
     view.ZoomExtents(list.Extents());
@@ -124,8 +130,10 @@ bool DrawThumbnail(const std::wstring& path, HDC dc, std::uint32_t* pixels, int 
     const frame::Color canvasBack = ToCanvasColor(back);
     std::fill_n(pixels, static_cast<std::size_t>(width) * static_cast<std::size_t>(height), canvasBack);
     std::string bytes;
-    if (path.empty() || !ReadFileBytes(path, kLargestFile, bytes)) return false;
-    if (!IsBinaryDrawing(bytes)) return DrawModel(bytes, dc, pixels, width, height, canvasBack);
+    bool isWhole = false;
+    if (path.empty() || !ReadFileStart(path, kMostFileBytes, bytes, isWhole)) return false;
+    if (!IsBinaryDrawing(bytes))
+        return DrawModel(TakeDrawingExcerpt(bytes, isWhole), dc, pixels, width, height, canvasBack);
     const PreviewPicture preview = FindPreviewPicture(bytes);
     if (preview.kind == PreviewKind::kPng) return DrawPngPreview(preview.bytes, dc, width, height);
     return preview.kind == PreviewKind::kBitmap && DrawBitmapPreview(preview.bytes, dc, width, height);

@@ -60,7 +60,7 @@ AcDbStub* Builder::Reference(std::uint64_t handle) {
     }
     AcDbStub*& stub = m_data.byHandle[handle];
     if (stub == nullptr) {
-        stub = &m_data.stubs.emplace_back();
+        stub = &m_data.stubs.Add();
         stub->database = &m_database;
         stub->handle = handle;
     }

@@ -19,6 +19,8 @@ void DropObjects(AcDbImpDatabase& data) {
             DataOf(stub).stub = nullptr;
             delete stub.object;
             stub.object = nullptr;
+            stub.data = nullptr;
+            stub.type = nullptr;
         }
     }
 }
@@ -41,13 +43,15 @@ AcDbStub* Enter(AcDbDatabase& database, AcDbObject& object, std::uint64_t handle
         while (!isFree && (data.nextHandle == 0 || data.byHandle.contains(data.nextHandle))) {
             ++data.nextHandle;
         }
-        stub = &data.stubs.emplace_back();
+        stub = &data.stubs.Add();
         stub->database = &database;
         stub->handle = isFree ? handle : data.nextHandle;
         data.byHandle.emplace(stub->handle, stub);
     }
     data.nextHandle = std::max(data.nextHandle, stub->handle + 1);
     stub->object = &object;
+    stub->data = &DataOf(object);
+    stub->type = object.isA();
     stub->writer = open;
     stub->isNew = open;
     DataOf(object).stub = stub;

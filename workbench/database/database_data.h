@@ -1,12 +1,12 @@
 // A drawing in memory.
 #pragma once
 
-#include <deque>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
 #include "object_data.h"
+#include "stub_store.h"
 
 namespace workbench::database {
 
@@ -27,7 +27,7 @@ struct RawSection {
 class AcDbImpDatabase {
   public:
     // Every object, in the order in which it came; erased ones and handles without an object included.
-    std::deque<AcDbStub> stubs;
+    workbench::database::StubStore stubs;
     std::unordered_map<std::uint64_t, AcDbStub*> byHandle;
     std::uint64_t nextHandle = 1;
 

@@ -20,30 +20,30 @@ bool IsOpenForWrite(const AcDbStub* stub) {
     return stub == nullptr || stub->writer;
 }
 
-Acad::ErrorStatus OpenForRead(AcDbStub& stub) {
+Acad::ErrorStatus MayOpenForRead(const AcDbStub& stub) {
     if (stub.writer) {
         return Acad::eWasOpenForWrite;
     }
-    if (stub.readers == kMostReaders) {
-        return Acad::eAtMaxReaders;
-    }
-    ++stub.readers;
-    return Acad::eOk;
+    return stub.readers == kMostReaders ? Acad::eAtMaxReaders : Acad::eOk;
 }
 
-Acad::ErrorStatus OpenForWrite(AcDbStub& stub) {
+Acad::ErrorStatus MayOpenForWrite(const AcDbStub& stub) {
     if (!MayWrite(*stub.database)) {
         return Acad::eLockViolation;
     }
     if (stub.writer) {
         return Acad::eWasOpenForWrite;
     }
-    if (stub.readers > 0) {
-        return Acad::eWasOpenForRead;
+    return stub.readers > 0 ? Acad::eWasOpenForRead : Acad::eOk;
+}
+
+void Open(AcDbStub& stub, AcDb::OpenMode mode) {
+    if (mode == AcDb::kForRead) {
+        ++stub.readers;
+    } else {
+        stub.writer = true;
+        stub.modified = false;
     }
-    stub.writer = true;
-    stub.modified = false;
-    return Acad::eOk;
 }
 
 // The items of one application, its name included.
@@ -220,8 +220,10 @@ Acad::ErrorStatus AcDbObject::upgradeOpen() {
         return Acad::eWasOpenForRead;
     }
     stub->readers = 0;
-    const Acad::ErrorStatus status = OpenForWrite(*stub);
-    if (status != Acad::eOk) {
+    const Acad::ErrorStatus status = MayOpenForWrite(*stub);
+    if (status == Acad::eOk) {
+        Open(*stub, AcDb::kForWrite);
+    } else {
         stub->readers = 1;
     }
     return status;
@@ -324,6 +326,11 @@ Acad::ErrorStatus AcDbObject::setXData(const resbuf* list) {
 
 Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
                                      bool openErased) {
+    return acdbOpenAcDbObjectOfClass(object, id, mode, openErased, AcDbObject::desc());
+}
+
+Acad::ErrorStatus acdbOpenAcDbObjectOfClass(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
+                                            bool openErased, const AcRxClass* type) {
     object = nullptr;
     AcDbStub* stub = id.stub();
     if (stub == nullptr) {
@@ -337,11 +344,15 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb:
     }
     Acad::ErrorStatus status = Acad::eInvalidInput;
     if (mode == AcDb::kForRead) {
-        status = OpenForRead(*stub);
+        status = MayOpenForRead(*stub);
     } else if (mode == AcDb::kForWrite) {
-        status = OpenForWrite(*stub);
+        status = MayOpenForWrite(*stub);
+    }
+    if (status == Acad::eOk && !stub->type->isDerivedFrom(type)) {
+        status = Acad::eNotThatKindOfClass;
     }
     if (status == Acad::eOk) {
+        Open(*stub, mode);
         object = stub->object;
     }
     return status;
@@ -363,7 +374,7 @@ AcDbHandle AcDbObjectId::handle() const {
 }
 
 const AcRxClass* AcDbObjectId::objectClass() const {
-    return mId == nullptr || mId->object == nullptr ? nullptr : mId->object->isA();
+    return mId == nullptr || mId->object == nullptr ? nullptr : mId->type;
 }
 
 AcDbHandle::AcDbHandle(const ACHAR* text) {

@@ -69,6 +69,13 @@ class StubWalk {
     }
     bool Done() const { return m_position < 0 || m_position >= static_cast<std::ptrdiff_t>(m_stubs->size()); }
     AcDbStub* Current() const { return Done() ? nullptr : (*m_stubs)[static_cast<std::size_t>(m_position)]; }
+    // What comes that many places later; null behind the end.
+    const AcDbStub* Ahead(std::ptrdiff_t steps) const {
+        const std::ptrdiff_t place = m_position + steps;
+        return place < static_cast<std::ptrdiff_t>(m_stubs->size())
+                   ? (*m_stubs)[static_cast<std::size_t>(place)]
+                   : nullptr;
+    }
 
   private:
     void Skip(std::ptrdiff_t step, bool skipErased) {

@@ -21,20 +21,7 @@
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
 #include "group_data.h"
-
-// An object's place in its database. It lives as long as the database, also when the object is erased.
-class AcDbStub {
-  public:
-    AcDbDatabase* database = nullptr;
-    std::uint64_t handle = 0;
-    AcDbObject* object = nullptr;  // null while only references to the handle have been met
-    std::uint16_t readers = 0;
-    bool writer = false;
-    bool erased = false;
-    bool isNew = false;      // since it came into the database, until its first close
-    bool modified = false;   // since it was opened for write
-    bool permanent = false;  // may not be erased
-};
+#include "stub.h"
 
 struct AcDbImpObject {
     AcDbImpObject() = default;
@@ -330,13 +317,13 @@ bool IsSymbolName(std::wstring_view name);
 
 AcDbImpObject& DataOf(const AcDbObject& object);
 inline AcDbImpObject& DataOf(const AcDbStub& stub) {
-    return DataOf(*stub.object);
+    return *stub.data;
 }
 
 // Null if the object's data is of another kind.
 template <class Data>
 Data* DataAs(const AcDbStub* stub) {
-    return stub == nullptr || stub->object == nullptr ? nullptr : dynamic_cast<Data*>(&DataOf(*stub));
+    return stub == nullptr ? nullptr : dynamic_cast<Data*>(stub->data);
 }
 
 }  // namespace workbench::database

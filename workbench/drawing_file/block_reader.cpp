@@ -1,5 +1,8 @@
 #include "drawing_file/block_reader.h"
 
+#include <algorithm>
+
+#include "drawing_file/block_cycles.h"
 #include "drawing_file/group_codes.h"
 #include "drawing_file/object_reader.h"
 
@@ -40,6 +43,18 @@ void BlockReader::Read() {
         ReadEntities(section->records, m_context,
                      [&](const RecordBody& body) -> BlockRecordData& { return SpaceOf(body); });
     }
+    RefuseCycles();
+}
+
+void BlockReader::RefuseCycles() const {
+    const BlockRecordData* cycle = FindBlockCycle(m_context.builder.Data());
+    if (cycle == nullptr) return;
+    const auto span = std::find_if(m_blocks.begin(), m_blocks.end(),
+                                   [cycle](const BlockSpan& block) { return block.block == cycle; });
+    // Old drawings have no block for a space, only its entities.
+    const Section* entities = m_tree.Find("ENTITIES");
+    const std::uint32_t line = span != m_blocks.end() ? span->line : entities != nullptr ? entities->line : 1;
+    throw DrawingError{line, L"The block \"" + cycle->name + L"\" contains itself."};
 }
 
 void BlockReader::FindBlocks() {
@@ -77,7 +92,7 @@ std::size_t BlockReader::AddBlock(std::span<const Record> records, std::size_t f
     RecordBody endBody(records[end]);
     FillEdge(endBody, m_context, m_context.builder.BlockEdge(block, L"ENDBLK", endBody.Handle()),
              [](FieldReader& fields) { fields.Subclass("AcDbBlockEnd"); });
-    m_blocks.push_back({&block, records.subspan(first + 1, end - first - 1)});
+    m_blocks.push_back({&block, records.subspan(first + 1, end - first - 1), records[first].line});
     return end + 1;
 }
 

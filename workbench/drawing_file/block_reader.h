@@ -12,14 +12,17 @@ class BlockReader {
   public:
     BlockReader(const FileTree& tree, ReadContext& context) : m_tree(tree), m_context(context) {}
 
-    // Throws DrawingError for a block without a name or an end and for one that is defined twice.
+    // Throws DrawingError for a block without a name or an end, for one that is defined twice, and for one
+    // that contains itself.
     void Read();
 
   private:
     struct BlockSpan {
         database::BlockRecordData* block;
         std::span<const Record> entities;
+        std::uint32_t line;  // of its beginning
     };
+    void RefuseCycles() const;
     void FindBlocks();
     std::size_t AddBlock(std::span<const Record> records, std::size_t first);
     database::BlockRecordData& BlockNamed(const std::wstring& name);

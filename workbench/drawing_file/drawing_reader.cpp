@@ -4,7 +4,6 @@
 #include <new>
 #include <vector>
 
-#include "drawing_file/block_cycles.h"
 #include "drawing_file/block_reader.h"
 #include "drawing_file/group_codes.h"
 #include "drawing_file/header_values.h"
@@ -46,6 +45,16 @@ void ReserveHandles(const FileTree& tree, AcDbImpDatabase& data) {
         data.nextHandle = std::max(data.nextHandle, HandleAbove(section));
 }
 
+// The text of a later release may mean what nobody here knows.
+void CheckRelease(const Group& version) {
+    const bool isKnown = version.value.starts_with("AC10") && version.value <= kRelease2000;
+    if (!isKnown && std::find(std::begin(kLaterReleases), std::end(kLaterReleases), version.value) ==
+                        std::end(kLaterReleases)) {
+        throw DrawingError{version.line,
+                           L"The drawing is of a release that cannot be read: 12 to 2018 are known."};
+    }
+}
+
 bool IsKeptVariable(const Group& name, const Group& value) {
     if (name.value == kVersionVariable) return value.value > kRelease2000;
     return std::find(std::begin(kDerivedVariables), std::end(kDerivedVariables), name.value) ==
@@ -63,6 +72,7 @@ void ReadHeader(const FileTree& tree, ReadContext& context, AcDbImpDatabase& dat
         std::size_t end = i + 1;
         while (end < groups.size() && groups[end].code != kCodeVariable)
             ++end;
+        if (end > i + 1 && groups[i].value == kVersionVariable) CheckRelease(groups[i + 1]);
         if (end > i + 1 && IsKeptVariable(groups[i], groups[i + 1])) {
             database::HeaderVariable& variable = data.header.emplace_back();
             const std::string_view name = WordOf(groups[i]);
@@ -107,9 +117,6 @@ void Read(std::string_view bytes, database::Builder& builder) {
     BlockReader(tree, context).Read();
     ReadObjects(tree, context);
     KeepOtherSections(tree, context, data);
-    if (const auto* cycle = FindBlockCycle(data)) {
-        throw DrawingError{0, L"The block \"" + cycle->name + L"\" contains itself."};
-    }
     builder.Finish();
 }
 

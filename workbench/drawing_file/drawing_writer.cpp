@@ -61,6 +61,7 @@ class DrawingWriter {
     void WriteTables();
     template <class Data>
     void WriteTable(const AcDbStub* table);
+    bool IsNeeded(const AcDbStub& application) const;
     template <class Visit>
     void ForEachBlock(Visit visit) const;
     void WriteBlocks();
@@ -127,14 +128,32 @@ void DrawingWriter::WriteTables() {
     EndSection(m_body);
 }
 
+// True for an erased name of an application whose data is still there: no reader takes data without its name.
+bool DrawingWriter::IsNeeded(const AcDbStub& application) const {
+    const std::wstring name = database::UpperCase(DataAs<database::RegAppData>(&application)->name);
+    const auto& byName = DataAs<database::TableData>(m_drawing.regAppTable)->byName;
+    if (const auto found = byName.find(name); found == byName.end() || found->second != &application) {
+        return false;  // another record has the name now
+    }
+    const auto isNamed = [&name](const database::DataItem& item) {
+        return item.code == database::kApplicationNameCode &&
+               database::UpperCase(std::get<std::wstring>(item.value)) == name;
+    };
+    return std::any_of(m_drawing.stubs.begin(), m_drawing.stubs.end(), [&](const AcDbStub& stub) {
+        return IsKept(&stub) && std::any_of(stub.data->xdata.begin(), stub.data->xdata.end(), isNamed);
+    });
+}
+
 template <class Data>
 void DrawingWriter::WriteTable(const AcDbStub* stub) {
     constexpr bool isDimensionStyles = std::is_same_v<Data, database::DimStyleData>;
+    constexpr bool isApplications = std::is_same_v<Data, database::RegAppData>;
     const auto* table = DataAs<database::TableData>(stub);
     if (table == nullptr) return;
     std::vector<const Data*> records;
     for (const AcDbStub* record : table->records) {
-        if (const auto* data = DataAs<Data>(record); data != nullptr && IsKept(record))
+        const auto* data = DataAs<Data>(record);
+        if (data != nullptr && (IsKept(record) || (isApplications && IsNeeded(*record))))
             records.push_back(data);
     }
     m_body.Name(kCodeType, "TABLE");

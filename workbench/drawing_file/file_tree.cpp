@@ -24,7 +24,7 @@ bool IsType(const Group& group, std::string_view type) {
 }
 
 void RefuseOtherFormats(std::string_view text) {
-    if (text.empty()) throw DrawingError{0, L"The file is empty."};
+    if (text.empty()) throw DrawingError{1, L"The file is empty."};
     if (text.starts_with(kBinarySentinel)) {
         throw DrawingError{
             1, L"The file is in the binary form of the interchange format; only the text form can be read."};

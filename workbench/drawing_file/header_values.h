@@ -11,6 +11,8 @@ namespace workbench::drawing_file {
 inline constexpr std::string_view kRelease12 = "AC1009";
 inline constexpr std::string_view kRelease2000 = "AC1015";
 inline constexpr std::string_view kRelease2007 = "AC1021";
+// Those behind 2000 that are known: 2004, 2007, 2010, 2013, 2018.
+inline constexpr std::string_view kLaterReleases[] = {"AC1018", kRelease2007, "AC1024", "AC1027", "AC1032"};
 
 // The variables that follow from other parts of a drawing, so that nobody keeps them.
 inline constexpr std::string_view kVersionVariable = "$ACADVER";

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "frame/hostile_host.h"
+
 namespace frame {
 
 namespace {
@@ -107,6 +109,8 @@ HRESULT DispatchObject::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
 }
 
 HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+    if (HostileHost::Fails("IDispatch::GetIDsOfNames", __builtin_return_address(0)))
+        return DISP_E_UNKNOWNNAME;
     if (names == nullptr || ids == nullptr || count == 0) return E_POINTER;
     for (UINT i = 0; i < count; ++i)
         ids[i] = DISPID_UNKNOWN;
@@ -119,6 +123,8 @@ HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
 
 HRESULT DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                                EXCEPINFO* exception, UINT*) {
+    if (HostileHost::Fails("IDispatch::Invoke", __builtin_return_address(0)))
+        return FailWith(L"The host refuses.", exception);
     if (parameters == nullptr) return E_POINTER;
     if (id < 1 || id > static_cast<DISPID>(m_members.size())) return DISP_E_MEMBERNOTFOUND;
     if ((m_members[static_cast<std::size_t>(id) - 1].kinds & flags) == 0) return DISP_E_MEMBERNOTFOUND;

@@ -59,7 +59,8 @@ WorldPoint Flat(const AcGePoint3d& point) {
 
 class DisplayBuilder {
   public:
-    DisplayBuilder(AcDbDatabase* drawing, DisplayList& list) : m_drawing(drawing), m_list(list) {}
+    DisplayBuilder(AcDbDatabase* drawing, std::size_t mostEntities, DisplayList& list)
+        : m_drawing(drawing), m_list(list), m_entitiesLeft(mostEntities) {}
 
     void AddModelSpace();
 
@@ -84,10 +85,12 @@ class DisplayBuilder {
 
     const Layer& LayerOf(AcDbObjectId id);
     const Pattern& PatternOf(AcDbObjectId id);
-    bool Full() const { return m_list.ShapeCount() >= kMostShapes; }
+    // Blocks that hold nothing but blocks make no shapes and still multiply.
+    bool Full() const { return m_entitiesLeft == 0 || m_list.ShapeCount() >= kMostShapes; }
 
     AcDbDatabase* m_drawing;
     DisplayList& m_list;
+    std::size_t m_entitiesLeft;
     std::map<AcDbObjectId, Layer> m_layers;
     std::map<AcDbObjectId, Pattern> m_patterns;
 };
@@ -110,6 +113,7 @@ void DisplayBuilder::AddBlock(AcDbObjectId blockId, const Inherited& inherited) 
         entities.reset(iterator);
     }
     for (; !entities->done() && !Full(); entities->step()) {
+        --m_entitiesLeft;
         AcDbEntity* entity = nullptr;
         if (entities->getEntity(entity, AcDb::kForRead) != Acad::eOk) continue;
         AddEntity(entity, inherited);
@@ -350,9 +354,9 @@ void DisplayBuilder::AddParagraphs(const AcDbMText* text, const Inherited& inher
 
 }  // namespace
 
-DisplayList BuildDisplayList(AcDbDatabase* drawing) {
+DisplayList BuildDisplayList(AcDbDatabase* drawing, std::size_t mostEntities) {
     DisplayList list;
-    if (drawing != nullptr) DisplayBuilder(drawing, list).AddModelSpace();
+    if (drawing != nullptr) DisplayBuilder(drawing, mostEntities, list).AddModelSpace();
     list.Finish();
     return list;
 }

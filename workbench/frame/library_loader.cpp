@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "frame/hostile_host.h"
+
 namespace frame {
 
 namespace {
@@ -31,7 +33,10 @@ bool SystemLibraryLoader::Load(const std::wstring& path, workbench::host::Librar
         reinterpret_cast<void*>(GetProcAddress(module, "acrxEntryPoint")));
     library.apiVersion =
         reinterpret_cast<int (*)()>(reinterpret_cast<void*>(GetProcAddress(module, "acrxGetApiVersion")));
-    if (library.entryPoint != nullptr && library.apiVersion != nullptr) return true;
+    if (library.entryPoint != nullptr && library.apiVersion != nullptr) {
+        if (HostileHost::Current() != nullptr) HostileHost::Current()->Watch(module);
+        return true;
+    }
     error = library.entryPoint == nullptr ? L"it does not export acrxEntryPoint"
                                           : L"it does not export acrxGetApiVersion";
     FreeLibrary(module);

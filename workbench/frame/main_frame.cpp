@@ -15,8 +15,9 @@ namespace {
 constexpr UINT kWorkRequested = WM_APP + 1;
 constexpr int kTabHeight = 26;
 constexpr int kCommandLineHeight = 104;
-constexpr UINT kTabsId = 201;
-constexpr UINT kStatusBarId = 202;
+// Beyond the ids that scripts look for in the palettes and dialogs of modules.
+constexpr UINT kTabsId = 0x7001;
+constexpr UINT kStatusBarId = 0x7002;
 constexpr std::array<int, 3> kStatusParts = {230, 430, -1};
 
 struct MenuEntry {
@@ -44,6 +45,28 @@ void RemoveItems(HMENU menu) {
     }
 }
 
+// What nobody listens to is done without: an empty function would throw, and the window procedure would wait
+// in a message box for somebody to read that.
+template <class Result, class... Arguments>
+void Complete(std::function<Result(Arguments...)>& event, Result answer) {
+    if (!event) event = [answer](Arguments...) { return answer; };
+}
+template <class... Arguments>
+void Complete(std::function<void(Arguments...)>& event) {
+    if (!event) event = [](Arguments...) {};
+}
+
+MainFrame::Events Completed(MainFrame::Events events) {
+    Complete(events.command);
+    Complete(events.activate);
+    Complete(events.entered);
+    Complete(events.cancelled);
+    Complete(events.inputArrived);
+    Complete(events.mayClose, true);
+    Complete(events.destroyed);
+    return events;
+}
+
 std::wstring Escaped(const std::wstring& text) {
     std::wstring result;
     for (const wchar_t c : text)
@@ -67,7 +90,7 @@ ON_MESSAGE(WM_ACAD_KEEPFOCUS, &MainFrame::OnKeepFocus)
 END_MESSAGE_MAP()
 
 MainFrame::MainFrame(Events events)
-    : m_events(std::move(events)),
+    : m_events(Completed(std::move(events))),
       m_commandLine(
           {[this](const std::wstring& line) { m_events.entered(line); }, [this] { m_events.cancelled(); }}) {}
 
@@ -214,7 +237,11 @@ void MainFrame::OfferFocusToCommandLine() {
         auto* palette = dynamic_cast<CAdUiPalette*>(CWnd::FromHandlePermanent(window));
         if (palette != nullptr && !palette->CanFrameworkTakeFocus()) return;
     }
+    const HWND owned = GetAncestor(focus, GA_ROOT);
     m_commandLine.TakeKey(0);
+    // Not every system keeps owned windows above a window that is activated by taking the focus.
+    if (owned != m_hWnd && ::GetWindow(owned, GW_OWNER) == m_hWnd)
+        ::SetWindowPos(owned, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 void MainFrame::RequestWork() {
@@ -368,7 +395,7 @@ void MainFrame::OnDestroy() {
     m_docks.reset();
     if (m_accelerators != nullptr) DestroyAcceleratorTable(m_accelerators);
     m_accelerators = nullptr;
-    if (m_events.destroyed) m_events.destroyed();
+    m_events.destroyed();
     CMDIFrameWnd::OnDestroy();
 }
 

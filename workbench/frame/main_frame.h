@@ -40,6 +40,7 @@ enum CommandId : UINT {
 
 class ARX_PORT MainFrame : public CMDIFrameWnd {
   public:
+    // Each may be empty; without `mayClose` the window closes.
     struct Events {
         std::function<void(UINT)> command;          // a menu command that the frame does not do itself
         std::function<void(std::size_t)> activate;  // the user chose a document, by its place in the list
@@ -47,7 +48,7 @@ class ARX_PORT MainFrame : public CMDIFrameWnd {
         std::function<void()> cancelled;
         std::function<void()> inputArrived;  // there may be queued work to do
         std::function<bool()> mayClose;      // the user closes the window; false keeps it
-        std::function<void()> destroyed;     // the window is going; may be empty
+        std::function<void()> destroyed;     // the window is going
     };
 
     explicit MainFrame(Events events);

@@ -20,6 +20,7 @@ std::wstring* ValueOf(Options& options, const std::wstring& name) {
     if (name == L"script") return &options.scriptFile;
     if (name == L"transcript") return &options.transcriptFile;
     if (name == L"pictures") return &options.pictureFolder;
+    if (name == L"hostile") return &options.hostile;
     return nullptr;
 }
 
@@ -42,7 +43,7 @@ Options ParseOptions(const std::vector<std::wstring>& arguments) {
         } else if (std::wstring* value = ValueOf(options, name); value == nullptr) {
             options.error = L"There is no switch " + arguments[i] + L".";
         } else if (i + 1 == arguments.size()) {
-            options.error = L"The switch " + arguments[i] + L" wants a file or folder behind it.";
+            options.error = L"The switch " + arguments[i] + L" wants a value behind it.";
         } else {
             *value = arguments[++i];
         }

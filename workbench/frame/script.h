@@ -26,6 +26,9 @@ enum class ScriptAction {
     kClickAt,         // control, x, y
     kDoubleClickAt,   // control, x, y
     kRightClickAt,    // control, x, y
+    kHoldAt,          // control, x, y
+    kDragTo,          // control, x, y
+    kRelease,         //
     kPress,           // key, such as Enter or Ctrl+S
     kType,            // text
     kSetText,         // control, text
@@ -40,6 +43,7 @@ enum class ScriptAction {
     kDock,            // palette set, one of left, right, floating
     kResize,          // palette set, width, height
     kCloseDialog,     //
+    kResizeDialog,    // width, height
     kPicture,         // name without extension
     kAssertText,      // control, text
     kAssertEnabled,   // control, yes or no

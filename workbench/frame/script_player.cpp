@@ -20,6 +20,19 @@ constexpr UINT kTickMilliseconds = 15;
 // it.
 constexpr std::chrono::milliseconds kRest{250};
 
+constexpr int kTextOfMessageBox = 0xFFFF;
+constexpr std::chrono::milliseconds kShortPatience{1500};
+constexpr std::chrono::milliseconds kMessagePatience{200};
+constexpr std::chrono::milliseconds kClosingPatience{10000};
+constexpr unsigned int kMostClosings = 100;
+constexpr UINT kStuck = 3;  // the program's exit status
+// The pointer is at rest when so many looks in a row find it in its place: the system asks the display for it
+// only when it has heard nothing of it for a tenth of a second.
+constexpr int kRestingTicks = 10;
+// What one tick adds to the waiting at most. While the machine has no time for the program, or a step has the
+// program work, nothing that a script waits for can happen: that time does not count.
+constexpr std::chrono::milliseconds kLongestTick{60};
+
 ScriptPlayer* g_player = nullptr;  // timers without a window carry no data
 
 bool SameName(const std::wstring& a, const std::wstring& b) {
@@ -34,6 +47,10 @@ POINT ToScreen(HWND window, POINT point) {
 void NotifyParent(HWND control, UINT code) {
     PostMessageW(GetParent(control), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), code),
                  reinterpret_cast<LPARAM>(control));
+}
+
+bool IsMessageBox(HWND dialog) {
+    return dialog != nullptr && GetDlgItem(dialog, kTextOfMessageBox) != nullptr;
 }
 
 bool IsListBox(HWND window) {
@@ -98,7 +115,7 @@ ScriptPlayer::~ScriptPlayer() {
 
 void ScriptPlayer::Start() {
     g_player = this;
-    m_started = Clock::now();
+    StartWaiting();
     if (!m_script.error.empty()) {
         Fail(m_script.error);
         return;
@@ -106,12 +123,33 @@ void ScriptPlayer::Start() {
     m_timer = SetTimer(nullptr, 0, kTickMilliseconds, &ScriptPlayer::OnTimer);
 }
 
+void ScriptPlayer::WaitAnew() {
+    StartWaiting();
+}
+
 void CALLBACK ScriptPlayer::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     if (g_player != nullptr) g_player->Tick();
 }
 
+void ScriptPlayer::StartWaiting() {
+    m_waited = {};
+    m_lastTick = Clock::now();
+    m_restingTicks = 0;
+}
+
+void ScriptPlayer::CountWaiting() {
+    const Clock::time_point now = Clock::now();
+    m_waited += std::min<Clock::duration>(now - m_lastTick, kLongestTick);
+    m_lastTick = now;
+}
+
 void ScriptPlayer::Tick() {
     if (m_busy || m_finished) return;
+    CountWaiting();
+    if (m_givingUp) {
+        GiveUp();
+        return;
+    }
     if (m_next >= m_script.steps.size()) {
         if (m_stage.idle()) Finish(true);
         return;
@@ -120,14 +158,16 @@ void ScriptPlayer::Tick() {
     const ScriptStep step = m_script.steps[m_next];
     const Outcome outcome = Attempt(step);
     m_busy = false;
+    if (outcome.progress == Progress::kWaiting && m_stage.givesUp && CloseMessageBox()) return;
+    const auto patience = m_stage.givesUp ? std::min(m_patience, kShortPatience) : m_patience;
     if (outcome.progress == Progress::kFailed ||
-        (outcome.progress == Progress::kWaiting && Clock::now() - m_started > m_patience)) {
+        (outcome.progress == Progress::kWaiting && m_waited > patience)) {
         Fail(L"line " + std::to_wstring(step.line) + L": " + step.text + L": " + outcome.reason);
         return;
     }
     if (outcome.progress == Progress::kWaiting) return;
     ++m_next;
-    m_started = Clock::now();
+    StartWaiting();
     m_lastLook = Picture();
     if (step.action != ScriptAction::kInput) m_stage.note(step.text);
     if (outcome.act) outcome.act();
@@ -135,7 +175,47 @@ void ScriptPlayer::Tick() {
 
 void ScriptPlayer::Fail(const std::wstring& reason) {
     m_stage.note(L"*** " + reason + L"; open dialogs:" + DescribeDialogs());
-    Finish(false);
+    if (!m_stage.givesUp) {
+        Finish(false);
+        return;
+    }
+    m_givingUp = true;
+    StartWaiting();
+}
+
+// A message that the script does not wait for, in a session that does not always go as the script expects.
+// False if there is none, or if it has not been there long enough for the script to see it.
+bool ScriptPlayer::CloseMessageBox() {
+    const HWND box = TopDialog();
+    if (!IsMessageBox(box) || m_waited < kMessagePatience || m_closings > kMostClosings) return false;
+    m_stage.note(L"[" + WindowText(box) + L": " + WindowText(GetDlgItem(box, kTextOfMessageBox)) + L"]");
+    CloseTopDialog();
+    StartWaiting();
+    return true;
+}
+
+// One try: a question is answered by one of the buttons, whichever it has. False if there is nothing to
+// close.
+bool ScriptPlayer::CloseTopDialog() {
+    constexpr WPARAM kAnswers[] = {IDYES, IDOK, IDNO};
+    const HWND dialog = TopDialog();
+    if (dialog == nullptr) return false;
+    const WPARAM button =
+        IsMessageBox(dialog) ? kAnswers[m_closings++ % std::size(kAnswers)] : WPARAM{IDCANCEL};
+    PostMessageW(dialog, WM_COMMAND, button, 0);
+    return true;
+}
+
+void ScriptPlayer::GiveUp() {
+    if (OpenPopupMenu() != nullptr) {
+        EndMenu();
+    } else if (!CloseTopDialog() && m_stage.idle()) {
+        Finish(false);
+        return;
+    }
+    if (m_waited < kClosingPatience) return;
+    m_stage.note(L"*** the session cannot be closed; open dialogs:" + DescribeDialogs());
+    TerminateProcess(GetCurrentProcess(), kStuck);
 }
 
 void ScriptPlayer::Finish(bool succeeded) {
@@ -159,6 +239,8 @@ ScriptPlayer::Outcome ScriptPlayer::Attempt(const ScriptStep& step) {
         case ScriptAction::kClickAt:
         case ScriptAction::kDoubleClickAt:
         case ScriptAction::kRightClickAt:
+        case ScriptAction::kHoldAt:
+        case ScriptAction::kDragTo:
         case ScriptAction::kSetText:
         case ScriptAction::kChoose:
             return AttemptControl(step);
@@ -184,11 +266,11 @@ ScriptPlayer::Outcome ScriptPlayer::Attempt(const ScriptStep& step) {
         }
         case ScriptAction::kType:
             return {Progress::kDone, {}, [text = step.arguments[0]] { TypeText(text); }};
-        case ScriptAction::kCloseDialog: {
-            const HWND dialog = TopDialog();
-            if (dialog == nullptr) return {Progress::kWaiting, L"no dialog is open", {}};
-            return {Progress::kDone, {}, [dialog] { PostMessageW(dialog, WM_SYSCOMMAND, SC_CLOSE, 0); }};
-        }
+        case ScriptAction::kRelease:
+            return {Progress::kDone, {}, [this] { ReleaseButton(m_pointer); }};
+        case ScriptAction::kCloseDialog:
+        case ScriptAction::kResizeDialog:
+            return AttemptDialog(step);
         case ScriptAction::kTimeout: {
             const double seconds = std::wcstod(step.arguments[0].c_str(), nullptr);
             if (!(seconds > 0 && seconds < 3600)) return {Progress::kFailed, L"not a number of seconds", {}};
@@ -249,10 +331,32 @@ ScriptPlayer::Outcome ScriptPlayer::AttemptControl(const ScriptStep& step) {
     }
     const POINT point =
         ToScreen(control, {_wtoi(step.arguments[1].c_str()), _wtoi(step.arguments[2].c_str())});
+    if (step.action == ScriptAction::kHoldAt) return AtPoint(point, [point] { HoldButton(point); });
+    if (step.action == ScriptAction::kDragTo) return AtPoint(point, [point] { MovePointer(point); });
     const MouseButton button =
         step.action == ScriptAction::kRightClickAt ? MouseButton::kRight : MouseButton::kLeft;
     const int times = step.action == ScriptAction::kDoubleClickAt ? 2 : 1;
-    return {Progress::kDone, {}, [point, button, times] { ClickScreen(point, button, times); }};
+    return AtPoint(point, [point, button, times] { ClickScreen(point, button, times); });
+}
+
+// What is done with the mouse waits until the pointer rests at its place: dialogs ask where it is.
+ScriptPlayer::Outcome ScriptPlayer::AtPoint(POINT point, std::function<void()> act) {
+    m_pointer = point;
+    m_restingTicks = PutPointer(point) ? m_restingTicks + 1 : 0;
+    if (m_restingTicks < kRestingTicks) return {Progress::kWaiting, L"the pointer does not rest there", {}};
+    return {Progress::kDone, {}, std::move(act)};
+}
+
+ScriptPlayer::Outcome ScriptPlayer::AttemptDialog(const ScriptStep& step) {
+    const HWND dialog = TopDialog();
+    if (dialog == nullptr) return {Progress::kWaiting, L"no dialog is open", {}};
+    if (step.action == ScriptAction::kCloseDialog)
+        return {Progress::kDone, {}, [dialog] { PostMessageW(dialog, WM_SYSCOMMAND, SC_CLOSE, 0); }};
+    const SIZE size{_wtoi(step.arguments[0].c_str()), _wtoi(step.arguments[1].c_str())};
+    return {Progress::kDone, {}, [dialog, size] {
+                SetWindowPos(dialog, nullptr, 0, 0, size.cx, size.cy,
+                             SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+            }};
 }
 
 ScriptPlayer::Outcome ScriptPlayer::AttemptList(const ScriptStep& step) {
@@ -267,9 +371,8 @@ ScriptPlayer::Outcome ScriptPlayer::AttemptList(const ScriptStep& step) {
     const MouseButton button =
         step.action == ScriptAction::kRightClickRow ? MouseButton::kRight : MouseButton::kLeft;
     const int times = step.action == ScriptAction::kDoubleClickRow ? 2 : 1;
-    return {Progress::kDone, {}, [at = ToScreen(list, *point), button, times] {
-                ClickScreen(at, button, times);
-            }};
+    const POINT at = ToScreen(list, *point);
+    return AtPoint(at, [at, button, times] { ClickScreen(at, button, times); });
 }
 
 ScriptPlayer::Outcome ScriptPlayer::AttemptTree(const ScriptStep& step) {
@@ -283,7 +386,8 @@ ScriptPlayer::Outcome ScriptPlayer::AttemptTree(const ScriptStep& step) {
                 }};
     const auto point = TreeItemPoint(tree, item);
     if (!point) return {Progress::kWaiting, L"the item is not to be seen", {}};
-    return {Progress::kDone, {}, [at = ToScreen(tree, *point)] { ClickScreen(at, MouseButton::kRight); }};
+    const POINT at = ToScreen(tree, *point);
+    return AtPoint(at, [at] { ClickScreen(at, MouseButton::kRight); });
 }
 
 ScriptPlayer::Outcome ScriptPlayer::AttemptMenu(const ScriptStep& step) {
@@ -299,9 +403,8 @@ ScriptPlayer::Outcome ScriptPlayer::AttemptMenu(const ScriptStep& step) {
             return {Progress::kWaiting, L"there is no such item", {}};
         if ((GetMenuState(info.hMenu, static_cast<UINT>(*index), MF_BYPOSITION) & MF_GRAYED) != 0)
             return {Progress::kFailed, L"the item is grey", {}};
-        return {Progress::kDone, {}, [at = POINT{rect.left + 20, (rect.top + rect.bottom) / 2}] {
-                    ClickScreen(at, MouseButton::kLeft);
-                }};
+        const POINT at{rect.left + 20, (rect.top + rect.bottom) / 2};
+        return AtPoint(at, [at] { ClickScreen(at, MouseButton::kLeft); });
     }
     const HWND window = m_stage.mainWindow();
     if (!IsWindowEnabled(window)) return {Progress::kWaiting, L"the main window is disabled", {}};

@@ -30,6 +30,7 @@ class ARX_PORT ScriptPlayer {
         std::function<HWND()> mainWindow;
         std::function<DockManager*()> docks;
         std::function<void(bool succeeded)> finished;
+        bool givesUp = false;        // waits shortly, and closes all dialogs after a step that failed
         std::wstring pictureFolder;  // where pictures go; empty: pictures are skipped and said to be
     };
 
@@ -39,6 +40,8 @@ class ARX_PORT ScriptPlayer {
     ScriptPlayer& operator=(const ScriptPlayer&) = delete;
 
     void Start();
+    // The step that is waited for gets its whole patience again: what went before was not its doing.
+    void WaitAnew();
 
   private:
     enum class Progress { kDone, kWaiting, kFailed };
@@ -52,12 +55,19 @@ class ARX_PORT ScriptPlayer {
 
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
     void Tick();
+    void CountWaiting();
+    void StartWaiting();
     void Fail(const std::wstring& reason);
+    void GiveUp();
+    bool CloseMessageBox();
+    bool CloseTopDialog();
     void Finish(bool succeeded);
 
     Outcome Attempt(const ScriptStep& step);
     Outcome AttemptWait(const ScriptStep& step);
     Outcome AttemptControl(const ScriptStep& step);
+    Outcome AtPoint(POINT point, std::function<void()> act);
+    Outcome AttemptDialog(const ScriptStep& step);
     Outcome AttemptList(const ScriptStep& step);
     Outcome AttemptTree(const ScriptStep& step);
     Outcome AttemptMenu(const ScriptStep& step);
@@ -71,12 +81,17 @@ class ARX_PORT ScriptPlayer {
     Script m_script;
     Stage m_stage;
     std::size_t m_next = 0;
-    std::chrono::steady_clock::time_point m_started;  // of waiting for the next step
+    std::chrono::steady_clock::time_point m_lastTick;
+    std::chrono::steady_clock::duration m_waited{};  // for the next step
     std::chrono::milliseconds m_patience{10000};
     UINT_PTR m_timer = 0;
+    POINT m_pointer{};       // where the last step at a point left it
+    int m_restingTicks = 0;  // for which it has been there
     bool m_busy = false;
     bool m_finished = false;
-    Picture m_lastLook;  // of the screen, to see whether it has come to rest
+    bool m_givingUp = false;
+    unsigned int m_closings = 0;  // tries to close a dialog
+    Picture m_lastLook;           // of the screen, to see whether it has come to rest
     std::chrono::steady_clock::time_point m_lastLookTime;
 };
 

@@ -10,6 +10,7 @@
 #include "drawing_file/dxf_drawing_files.h"
 #include "frame/automation.h"
 #include "frame/host_windows.h"
+#include "frame/hostile_host.h"
 #include "frame/library_loader.h"
 #include "frame/main_frame.h"
 #include "frame/script_player.h"
@@ -28,6 +29,7 @@ constexpr wchar_t kModuleName[] = L"kv2dMenuOEM64.arx";
 constexpr wchar_t kDrawingFilter[] =
     L"Drawings (*.dwg;*.dxf)\0*.dwg;*.dxf\0Templates (*.dwt)\0*.dwt\0All files\0*.*\0";
 constexpr wchar_t kEscape = 27;
+constexpr int kScriptFailed = 1;
 
 std::wstring ProgramFolder() {
     wchar_t path[MAX_PATH] = L"";
@@ -113,6 +115,7 @@ Session::~Session() {
     if (m_host != nullptr) {
         m_host->TheEditor().removeReactor(m_workspaceWatcher.get());
         m_host->Documents().removeReactor(m_documentWatcher.get());
+        TellHostileCalls();
         m_host.reset();
     }
     if (m_frame != nullptr) m_frame->DestroyWindow();
@@ -127,6 +130,10 @@ bool Session::Start(const Options& options) {
     }
     if (!options.error.empty()) {
         Tell(options.error, MB_ICONERROR);
+        return false;
+    }
+    if (!options.hostile.empty() && !HostileHost::IsPlan(options.hostile)) {
+        Tell(L"There is no call of the host " + options.hostile, MB_ICONERROR);
         return false;
     }
     if (!OpenWindow()) return false;
@@ -147,14 +154,18 @@ bool Session::Start(const Options& options) {
     m_workspaceWatcher = std::make_unique<WorkspaceWatcher>(*this);
     m_host->TheEditor().addReactor(m_workspaceWatcher.get());
     MakeAutomation();
+    if (!options.hostile.empty()) m_hostile = std::make_unique<HostileHost>(options.hostile);
 
+    // Before the module: it may show a message box while it loads, which the script then answers.
+    StartScript(options);
     LoadModule(options);
     if (!options.withoutDrawing && options.drawings.empty()) m_host->Documents().New(L"");
     for (const std::wstring& drawing : options.drawings)
         Open(drawing, false, true);
     AfterInput();
     m_exitStatus = 0;
-    StartScript(options);
+    m_starting = false;
+    if (m_player != nullptr) m_player->WaitAnew();
     return true;
 }
 
@@ -252,17 +263,30 @@ void Session::StartScript(const Options& options) {
     stage.docks = [] { return TheDockManager(); };
     stage.finished = [this](bool succeeded) { EndScript(succeeded); };
     stage.pictureFolder = options.pictureFolder;
+    // What a refused call leaves undone is not waited for; the session is to end like an ordinary one all the
+    // same.
+    stage.givesUp = m_hostile != nullptr;
     m_player = std::make_unique<ScriptPlayer>(std::move(script), std::move(stage));
     m_player->Start();
 }
 
+void Session::TellHostileCalls() {
+    if (m_hostile == nullptr) return;
+    m_host->Apps().UnloadAll();  // unloading makes calls too
+    for (const HostCallCount& count : m_hostile->Counts())
+        m_transcript.AddLine(L"hostile: " + std::to_wstring(count.calls) + L" " +
+                             std::wstring(count.name.begin(), count.name.end()));
+    m_transcript.AddLine(L"hostile: failed: " + m_hostile->Failures());
+}
+
 void Session::EndScript(bool succeeded) {
-    if (succeeded) {
+    if (!succeeded && m_hostile != nullptr) m_exitStatus = kScriptFailed;
+    if (succeeded || m_hostile != nullptr) {
         Quit();
         return;
     }
     // Dialogs may be open that nobody answers; the transcript is on disk already.
-    TerminateProcess(GetCurrentProcess(), 1);
+    TerminateProcess(GetCurrentProcess(), kScriptFailed);
 }
 
 bool Session::OnIdle() {
@@ -282,7 +306,7 @@ bool Session::OnIdle() {
 }
 
 bool Session::IsIdle() const {
-    if (m_inputDepth > 0 || m_frame == nullptr || !m_frame->IsWindowEnabled()) return false;
+    if (m_starting || m_inputDepth > 0 || m_frame == nullptr || !m_frame->IsWindowEnabled()) return false;
     Document* active = m_host->Documents().Active();
     return active == nullptr || active->Queue().empty();
 }

@@ -20,6 +20,7 @@ class Document;
 
 namespace frame {
 
+class HostileHost;
 class MainFrame;
 class ScriptPlayer;
 class SystemLibraryLoader;
@@ -76,6 +77,7 @@ class ARX_PORT Session : public workbench::host::Surface {
     void CloseCurrent();
     bool MayClose();
     void EndScript(bool succeeded);
+    void TellHostileCalls();
 
     // Shows a message box, or, while a script plays, writes it down and takes the default answer `scripted`.
     int Ask(const std::wstring& text, unsigned int flags, int scripted);
@@ -83,6 +85,7 @@ class ARX_PORT Session : public workbench::host::Surface {
 
     Transcript m_transcript;
     workbench::host::SystemFiles m_files;
+    std::unique_ptr<HostileHost> m_hostile;  // null for an ordinary host
     std::unique_ptr<SystemLibraryLoader> m_loader;
     std::unique_ptr<workbench::host::Host> m_host;
     std::unique_ptr<DocumentWatcher> m_documentWatcher;
@@ -93,6 +96,7 @@ class ARX_PORT Session : public workbench::host::Surface {
     std::wstring m_programFolder;  // with its backslash
     bool m_scripted = false;
     bool m_drawingChanged = false;
+    bool m_starting = true;  // input of a script waits
     int m_inputDepth = 0;
     int m_exitStatus = 2;  // until the session has started
 };

@@ -53,10 +53,19 @@ INPUT KeyInput(WORD key, WORD scan, DWORD flags) {
     return input;
 }
 
-INPUT MouseInput(DWORD flags) {
+// Where a coordinate lies on the scale of absolute mouse positions: the middle of its pixel.
+LONG OnScale(LONG coordinate, int origin, int extent) {
+    return ((coordinate - origin) * 65536 + 32768) / std::max(extent, 1);
+}
+
+// A button event that takes the pointer along. Movements that are still on their way from the display, of an
+// earlier click or of a real mouse, would else press or release the button where they lead.
+INPUT ButtonInput(POINT point, DWORD button) {
     INPUT input{};
     input.type = INPUT_MOUSE;
-    input.mi.dwFlags = flags;
+    input.mi.dx = OnScale(point.x, GetSystemMetrics(SM_XVIRTUALSCREEN), GetSystemMetrics(SM_CXVIRTUALSCREEN));
+    input.mi.dy = OnScale(point.y, GetSystemMetrics(SM_YVIRTUALSCREEN), GetSystemMetrics(SM_CYVIRTUALSCREEN));
+    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_VIRTUALDESK | button;
     return input;
 }
 
@@ -99,14 +108,37 @@ void TypeText(const std::wstring& text) {
     if (!inputs.empty()) Send(inputs);
 }
 
-void ClickScreen(POINT point, MouseButton button, int times) {
+bool PutPointer(POINT point) {
+    POINT pointer{};
+    GetCursorPos(&pointer);
+    if (pointer.x == point.x && pointer.y == point.y) return true;
     SetCursorPos(point.x, point.y);
+    return false;
+}
+
+void ClickScreen(POINT point, MouseButton button, int times) {
+    const bool left = button == MouseButton::kLeft;
     std::vector<INPUT> inputs;
     for (int i = 0; i < times; ++i) {
-        inputs.push_back(
-            MouseInput(button == MouseButton::kLeft ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN));
-        inputs.push_back(MouseInput(button == MouseButton::kLeft ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP));
+        inputs.push_back(ButtonInput(point, left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN));
+        inputs.push_back(ButtonInput(point, left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP));
     }
+    Send(inputs);
+}
+
+void HoldButton(POINT point) {
+    std::vector<INPUT> inputs{ButtonInput(point, MOUSEEVENTF_LEFTDOWN)};
+    Send(inputs);
+}
+
+void MovePointer(POINT point) {
+    SetCursorPos(point.x, point.y);
+    std::vector<INPUT> inputs{ButtonInput(point, 0)};
+    Send(inputs);
+}
+
+void ReleaseButton(POINT point) {
+    std::vector<INPUT> inputs{ButtonInput(point, MOUSEEVENTF_LEFTUP)};
     Send(inputs);
 }
 

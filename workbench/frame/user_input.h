@@ -19,7 +19,15 @@ ARX_PORT void PressKeys(const std::vector<WORD>& keys);
 ARX_PORT void TypeText(const std::wstring& text);
 
 enum class MouseButton { kLeft, kRight };
-// Moves the pointer to a point of the screen and clicks.
+// True if the pointer is at that point of the screen, else sends it there. It may be led away again by
+// movements that are still on their way from the display.
+ARX_PORT bool PutPointer(POINT point);
+// Clicks at a point of the screen, where the pointer has been put.
 ARX_PORT void ClickScreen(POINT point, MouseButton button, int times = 1);
+
+// The parts of a drag with the left button: it goes down, the pointer moves, it goes up.
+ARX_PORT void HoldButton(POINT point);
+ARX_PORT void MovePointer(POINT point);
+ARX_PORT void ReleaseButton(POINT point);
 
 }  // namespace frame

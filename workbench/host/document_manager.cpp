@@ -73,9 +73,9 @@ std::vector<Document*> DocumentManager::All() const {
     return open;
 }
 
-std::shared_ptr<Document> DocumentManager::SharedActive() const {
+std::shared_ptr<Document> DocumentManager::Shared(const Document* document) const {
     const auto found = std::find_if(m_documents.begin(), m_documents.end(),
-                                    [this](const auto& document) { return document.get() == m_active; });
+                                    [document](const auto& known) { return known.get() == document; });
     return found == m_documents.end() ? nullptr : *found;
 }
 
@@ -98,68 +98,6 @@ AcApDocumentIterator* DocumentManager::newAcApDocumentIterator() {
     return new Iterator(*this);
 }
 
-bool DocumentManager::MayWrite(const AcDbDatabase& database) const {
-    const auto* owner = static_cast<const Document*>(document(&database));
-    const Document* document = owner != nullptr ? owner : m_current;
-    return document == nullptr || document->IsLockedForWrite();
-}
-
-Acad::ErrorStatus DocumentManager::lockDocument(AcApDocument* document, AcAp::DocLockMode mode,
-                                                const ACHAR* globalCommandName, const ACHAR*, bool) {
-    if (document == nullptr) {
-        return Acad::eNullObjectPointer;
-    }
-    Document* known = Known(document);
-    if (known == nullptr) {
-        return Acad::eNoDocument;
-    }
-    if (mode == AcAp::kNone || mode == AcAp::kNotLocked) {
-        return Acad::eInvalidInput;
-    }
-    const bool isShared = known->lockMode(true) != AcAp::kNotLocked;
-    if (isShared && (mode == AcAp::kXWrite || known->myLockMode() == AcAp::kXWrite)) {
-        return Acad::eLockConflict;
-    }
-    const AcAp::DocLockMode before = known->myLockMode();
-    const std::wstring name = globalCommandName == nullptr ? L"" : globalCommandName;
-    TellLockWillChange(*known, before, mode, name);
-    known->m_locks.push_back(mode);
-    TellLockChanged(*known, before, known->myLockMode(), name);
-    return Acad::eOk;
-}
-
-Acad::ErrorStatus DocumentManager::unlockDocument(AcApDocument* document) {
-    if (document == nullptr) {
-        return Acad::eNullObjectPointer;
-    }
-    Document* known = Known(document);
-    if (known == nullptr) {
-        return Acad::eNoDocument;
-    }
-    if (known->m_locks.empty()) {
-        return Acad::eInvalidInput;
-    }
-    const AcAp::DocLockMode before = known->myLockMode();
-    TellLockWillChange(*known, before, AcAp::kNotLocked, L"#");
-    known->m_locks.pop_back();
-    TellLockChanged(*known, before, known->myLockMode(), L"#");
-    return Acad::eOk;
-}
-
-void DocumentManager::TellLockWillChange(Document& document, AcAp::DocLockMode from, AcAp::DocLockMode to,
-                                         const std::wstring& commandName) {
-    m_reactors.ForEach([&](AcApDocManagerReactor& reactor) {
-        reactor.documentLockModeWillChange(&document, from, to, document.lockMode(true), commandName.c_str());
-    });
-}
-
-void DocumentManager::TellLockChanged(Document& document, AcAp::DocLockMode from, AcAp::DocLockMode to,
-                                      const std::wstring& commandName) {
-    m_reactors.ForEach([&](AcApDocManagerReactor& reactor) {
-        reactor.documentLockModeChanged(&document, from, to, document.lockMode(true), commandName.c_str());
-    });
-}
-
 bool DocumentManager::CanChangeDocuments() const {
     return m_host.IsApplicationContext() && !m_tearingDown;
 }
@@ -176,11 +114,15 @@ Acad::ErrorStatus DocumentManager::setCurDocument(AcApDocument* document, AcAp::
     if (!CanChangeDocuments()) {
         return Acad::eInvalidContext;
     }
+    const std::shared_ptr<Document> held = Shared(known);
     if (activate) {
         Activate(known);
     } else if (known != m_current) {
         MakeCurrent(known);
-        m_reactors.ForEach([known](AcApDocManagerReactor& reactor) { reactor.documentBecameCurrent(known); });
+        Tell(&AcApDocManagerReactor::documentBecameCurrent, *known);
+    }
+    if (!known->IsOpen()) {
+        return Acad::eNoDocument;  // a reactor closed it
     }
     const bool wantsLock = mode != AcAp::kNone && mode != AcAp::kNotLocked;
     return wantsLock ? lockDocument(document, mode, nullptr, nullptr, false) : Acad::eOk;
@@ -195,22 +137,34 @@ void DocumentManager::MakeCurrent(Document* document) {
     acdbHostApplicationServices()->setWorkingDatabase(document == nullptr ? nullptr : document->database());
 }
 
+// Tells the reactors of a document until one of them closes it; false then.
+bool DocumentManager::Tell(void (AcApDocManagerReactor::*event)(AcApDocument*), Document& document) {
+    m_reactors.ForEach([&](AcApDocManagerReactor& reactor) {
+        if (document.IsOpen()) {
+            (reactor.*event)(&document);
+        }
+    });
+    return document.IsOpen();
+}
+
 void DocumentManager::Activate(Document* document) {
     if (document == m_active && document == m_current) {
         return;
     }
-    if (m_active != nullptr && m_active != document) {
-        Document* leaving = m_active;
-        m_reactors.ForEach(
-            [leaving](AcApDocManagerReactor& reactor) { reactor.documentToBeDeactivated(leaving); });
+    // Reactors may close documents and activate others while they are told of this one.
+    const std::shared_ptr<Document> coming = Shared(document);
+    const std::shared_ptr<Document> leaving = Shared(m_active);
+    if (leaving != nullptr && leaving != coming) {
+        Tell(&AcApDocManagerReactor::documentToBeDeactivated, *leaving);
     }
-    m_reactors.ForEach(
-        [document](AcApDocManagerReactor& reactor) { reactor.documentToBeActivated(document); });
+    if (coming == nullptr || !Tell(&AcApDocManagerReactor::documentToBeActivated, *coming)) {
+        return;
+    }
     m_active = document;
     MakeCurrent(document);
-    m_reactors.ForEach(
-        [document](AcApDocManagerReactor& reactor) { reactor.documentBecameCurrent(document); });
-    m_reactors.ForEach([document](AcApDocManagerReactor& reactor) { reactor.documentActivated(document); });
+    if (Tell(&AcApDocManagerReactor::documentBecameCurrent, *coming) && m_active == document) {
+        Tell(&AcApDocManagerReactor::documentActivated, *coming);
+    }
     m_host.TheSurface().DocumentsChanged();
 }
 
@@ -246,8 +200,9 @@ Acad::ErrorStatus DocumentManager::Start(std::shared_ptr<Document> document,
     }
     m_documents.push_back(document);
     TakeLockFile(*created);
-    m_reactors.ForEach([created](AcApDocManagerReactor& reactor) { reactor.documentCreated(created); });
-    Activate(created);
+    if (Tell(&AcApDocManagerReactor::documentCreated, *created)) {
+        Activate(created);
+    }
     if (!created->IsOpen()) {
         return Acad::eOk;  // a reactor closed it again
     }
@@ -361,6 +316,14 @@ Acad::ErrorStatus DocumentManager::SaveAs(Document& document, const std::wstring
     if (files == nullptr) {
         return Acad::eNotImplementedYet;
     }
+    if (document.isReadOnly() && IsSamePath(document.fileName(), path)) {
+        return Acad::eIsWriteProtected;
+    }
+    for (const Document* other : All()) {
+        if (other != &document && other->isNamedDrawing() && IsSamePath(other->fileName(), path)) {
+            return Acad::eFileSharingViolation;
+        }
+    }
     m_host.Apps().Broadcast(AcRx::kSaveMsg);
     std::wstring error;
     const Acad::ErrorStatus status = files->Write(path, *document.database(), error);
@@ -390,6 +353,15 @@ Acad::ErrorStatus DocumentManager::SaveBeforeClosing(Document& document) {
     return path.empty() ? Acad::eUserBreak : SaveAs(document, path);
 }
 
+Acad::ErrorStatus DocumentManager::AskAndSave(Document& document) {
+    const SaveAnswer answer = m_host.TheSurface().AskSave(document.docTitle());
+    if (answer == SaveAnswer::kCancel) {
+        return Acad::eUserBreak;
+    }
+    // Windows live on while the question stands: one of them may have closed the document.
+    return answer == SaveAnswer::kSave && document.IsOpen() ? SaveBeforeClosing(document) : Acad::eOk;
+}
+
 Acad::ErrorStatus DocumentManager::Close(Document& document, bool ask) {
     if (!CanChangeDocuments()) {
         return Acad::eInvalidContext;
@@ -397,21 +369,17 @@ Acad::ErrorStatus DocumentManager::Close(Document& document, bool ask) {
     if (document.lockMode(true) != AcAp::kNotLocked || !document.isQuiescent()) {
         return Acad::eLockConflict;
     }
+    const std::shared_ptr<Document> closing = Shared(&document);
     if (ask && database::DataOf(*document.database()).modified) {
-        const SaveAnswer answer = m_host.TheSurface().AskSave(document.docTitle());
-        if (answer == SaveAnswer::kCancel) {
-            return Acad::eUserBreak;
+        const Acad::ErrorStatus status = AskAndSave(document);
+        if (status != Acad::eOk) {
+            return status;
         }
-        if (answer == SaveAnswer::kSave) {
-            const Acad::ErrorStatus status = SaveBeforeClosing(document);
-            if (status != Acad::eOk) {
-                return status;
-            }
+        if (!document.IsOpen()) {
+            return Acad::eOk;
         }
     }
-    const auto place = std::find_if(m_documents.begin(), m_documents.end(),
-                                    [&](const auto& known) { return known.get() == &document; });
-    TearDown(*place);
+    TearDown(closing);
     if (!m_documents.empty()) {
         Activate(m_active != nullptr ? m_active : m_documents.back().get());
     } else {

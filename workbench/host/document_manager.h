@@ -57,6 +57,8 @@ class DocumentManager : public AcApDocManager, public database::WriteGuard {
     Acad::ErrorStatus New(const std::wstring& templatePath);
     // eIsWriteProtected for a read-only document, eInvalidInput for one that has no file yet.
     Acad::ErrorStatus Save(Document& document);
+    // eIsWriteProtected for the file of a read-only document itself, eFileSharingViolation for one that
+    // another document has open.
     Acad::ErrorStatus SaveAs(Document& document, const std::wstring& path);
     // Asks about unsaved changes if `ask`.
     Acad::ErrorStatus Close(Document& document, bool ask);
@@ -65,7 +67,8 @@ class DocumentManager : public AcApDocManager, public database::WriteGuard {
 
     Document* Current() const { return m_current; }
     Document* Active() const { return m_active; }
-    std::shared_ptr<Document> SharedActive() const;
+    // Keeps a document in memory, closed or not; null for one that is not known.
+    std::shared_ptr<Document> Shared(const Document* document) const;
     // Those that are open, oldest first.
     std::vector<Document*> All() const;
     std::size_t ReactorCount() const { return m_reactors.Count(); }
@@ -86,8 +89,10 @@ class DocumentManager : public AcApDocManager, public database::WriteGuard {
     Acad::ErrorStatus Start(std::shared_ptr<Document> document,
                             const std::function<Acad::ErrorStatus()>& fill);
     Acad::ErrorStatus ReadDrawing(Document& document, const std::wstring& path);
+    bool Tell(void (AcApDocManagerReactor::*event)(AcApDocument*), Document& document);
     void Activate(Document* document);
     void MakeCurrent(Document* document);
+    Acad::ErrorStatus AskAndSave(Document& document);
     Acad::ErrorStatus SaveBeforeClosing(Document& document);
     void TearDown(std::shared_ptr<Document> document);
     void TakeLockFile(Document& document);

@@ -115,7 +115,7 @@ bool Host::RunQueuedInput() {
     bool ran = false;
     m_runningInput = true;
     while (true) {
-        const std::shared_ptr<Document> active = m_documents->SharedActive();
+        const std::shared_ptr<Document> active = m_documents->Shared(m_documents->Active());
         auto& queue = active == nullptr ? m_queueWithoutDocument : active->Queue();
         if (queue.empty()) {
             break;

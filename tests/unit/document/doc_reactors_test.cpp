@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "acedads.h"
+#include "adscodes.h"
 #include "database/services.h"
 #include "document/doc_data.h"
 #include "document/palette_link.h"
@@ -134,15 +135,68 @@ TEST_F(DocReactorsTest, Classes_StandInTheRunTimeTreeUnderTheirOwnNames) {
     EXPECT_EQ(kv2dEditorReactor::desc()->myParent(), AcEditorReactor::desc());
 }
 
-TEST_F(DocReactorsTest, AnotherClassOfTheSameName_EndsTheProgram) {
+// Puts another class under the name of a reactor's, and registers the reactor's again.
+void RegisterOverAnother(const wchar_t* name, void (*rxInit)()) {
     AcRxDictionary* classes = acrxClassDictionary;
-    AcRxObject* ours = classes->atPut(L"kv2dEditorReactor", AcRxObject::desc());
+    AcRxObject* ours = classes->atPut(name, AcRxObject::desc());
     workbench::database::InstallFatalHandler(
         [](const std::wstring& text) { throw std::runtime_error(std::string(text.begin(), text.end())); });
-    EXPECT_THAT([] { kv2dEditorReactor::rxInit(); },
-                testing::ThrowsMessage<std::runtime_error>(testing::HasSubstr("Class mismatch")));
+    EXPECT_THAT([&] { rxInit(); },
+                testing::ThrowsMessage<std::runtime_error>(testing::StrEq("Class mismatch")));
     workbench::database::InstallFatalHandler(nullptr);
-    classes->atPut(L"kv2dEditorReactor", ours);
+    classes->atPut(name, ours);
+}
+
+TEST_F(DocReactorsTest, AnotherClassOfTheSameName_EndsTheProgram) {
+    RegisterOverAnother(L"kv2dDocManagerReactor", kv2dDocManagerReactor::rxInit);
+    RegisterOverAnother(L"kv2dEditorReactor", kv2dEditorReactor::rxInit);
+}
+
+TEST_F(DocReactorsTest, RegisteringAgain_ChangesNothing) {
+    const AcRxClass* documents = kv2dDocManagerReactor::desc();
+    kv2dDocManagerReactor::rxInit();
+    EXPECT_EQ(kv2dDocManagerReactor::desc(), documents);
+}
+
+TEST_F(DocReactorsTest, EditorOfAnotherClass_IsNoSubject) {
+    AcRxObject* host = acrxSysRegistry()->atPut(ACED_EDITOR_OBJ, AcRxObject::desc());
+    {
+        const kv2dEditorReactor editor;
+        EXPECT_EQ(editor.Subject(), nullptr);
+        EXPECT_FALSE(editor.IsAttached());
+    }
+    acrxSysRegistry()->atPut(ACED_EDITOR_OBJ, host);
+}
+
+TEST(DocReactorsWithoutHost, Attach_LeavesThemDetached) {
+    const kv2dDocManagerReactor documents;
+    const kv2dEditorReactor editor;
+    EXPECT_EQ(documents.Subject(), nullptr);
+    EXPECT_EQ(editor.Subject(), nullptr);
+    EXPECT_FALSE(documents.IsAttached());
+    EXPECT_FALSE(editor.IsAttached());
+}
+
+TEST(DocReactorsWithoutHost, EndBehindTheHosts_TouchesNothing) {
+    auto host = std::make_unique<QuietHost>();
+    kv2dDocManagerReactor documents;
+    const kv2dEditorReactor editor;
+    const AcApDataManager<CDocData> data;
+    host.reset();
+    documents.Detach();
+    EXPECT_TRUE(documents.IsAttached()) << "there was nothing to detach from";
+}
+
+// The four operations that the two classes add are virtual: whoever derives from one may replace them.
+TEST_F(DocReactorsTest, Attach_AsksTheDerivedClassForItsSubject) {
+    class WithoutSubject : public kv2dDocManagerReactor {
+      public:
+        WithoutSubject() : kv2dDocManagerReactor(false) {}
+        AcApDocManager* Subject() const override { return nullptr; }
+    };
+    WithoutSubject reactor;
+    reactor.Attach();
+    EXPECT_FALSE(reactor.IsAttached());
 }
 
 // --- Documents.
@@ -202,6 +256,16 @@ TEST_F(DocReactorsTest, FailedChange_DoesNothing) {
     EXPECT_EQ(g_shownPaletteSets, 0);
 }
 
+TEST_F(DocReactorsTest, ChangeThatTheHostRefuses_DoesNothing) {
+    NewDocument();
+    const kv2dEditorReactor editor;
+    resbuf outOfRange{};
+    outOfRange.restype = RTSHORT;
+    outOfRange.resval.rint = 7;
+    EXPECT_NE(acedSetVar(L"SNAPISOPAIR", &outOfRange), RTNORM);
+    EXPECT_THAT(m_palette.m_calls, IsEmpty());
+}
+
 TEST_F(DocReactorsTest, OtherVariables_DoNothing) {
     kv2dEditorReactor editor(false);
     for (const wchar_t* name : {L"SNAPMODE", L"SNAPISOPAIR2", L"SNAP", L"", L"WSCURRENT "}) {
@@ -237,8 +301,7 @@ TEST_F(DocReactorsTest, DataOfADocument_GoesWithIt) {
     data.docData(first) = 1;
     data.docData(second) = 2;
     Close(first);
-    EXPECT_FALSE(data.contains(first));
-    EXPECT_TRUE(data.contains(second));
+    EXPECT_EQ(data.docData(first), 0) << "made anew";
     EXPECT_EQ(data.docData(second), 2);
 }
 

@@ -1,51 +1,15 @@
 // The reading of a stored record: item by item in their order, and tolerant of what is missing.
 #include <gtest/gtest.h>
 
-#include <array>
-#include <ostream>
 #include <string>
 
-#include "document/doc_xdata.h"
+#include "xdata_fields.h"
 #include "xdata_items.h"
 
 namespace {
 
-using Tag = std::array<std::uint8_t, 8>;
-
-// The fields of a record, with the defaults of one that was never stored.
-struct Fields {
-    int spec = 0;
-    int mainSize = 12;
-    int branchSize = 10;
-    int isoPlane = 0;
-    int line = 0;
-    int electricMode = 0;
-    int project = 0;
-    int extraLong = 0;
-    int extraShort1 = 0;
-    int extraShort2 = 0;
-    Tag tag{};
-    int app = 0;
-    bool operator==(const Fields&) const = default;
-};
-
-void PrintTo(const Fields& fields, std::ostream* out) {
-    *out << "spec " << fields.spec << ", main " << fields.mainSize << ", branch " << fields.branchSize
-         << ", iso " << fields.isoPlane << ", line " << fields.line << ", electric " << fields.electricMode
-         << ", project " << fields.project << ", extra " << fields.extraLong << ' ' << fields.extraShort1
-         << ' ' << fields.extraShort2 << " tag";
-    for (int byte : fields.tag)
-        *out << ' ' << byte;
-    *out << ", app " << fields.app;
-}
-
-Fields Read(const XDataItems& items) {
-    CKV2D_DocXData data(kDocXDataAppName);
-    data.ReadItems(items.Get());
-    return {data.m_specId,      data.m_mainSize,     data.m_branchSize, data.m_isoPlane,
-            data.m_lineId,      data.m_electricMode, data.m_projectId,  data.m_extraLong,
-            data.m_extraShort1, data.m_extraShort2,  data.m_extraTag,   data.m_appId};
-}
+using Tag = XDataFields::Tag;
+using Fields = XDataFields;
 
 constexpr Tag kTag = {'T', 'A', 'G', '-', '1', '2', '3', '4'};
 
@@ -101,37 +65,37 @@ XDataItems Without(Place place) {
 }
 
 TEST(DocXDataItems, FullList_FillsEveryField) {
-    EXPECT_EQ(Read(FullList()), kFull);
+    EXPECT_EQ(ReadFields(FullList()), kFull);
 }
 
 TEST(DocXDataItems, NullList_KeepsTheDefaults) {
-    EXPECT_EQ(Read(XDataItems()), Fields());
+    EXPECT_EQ(ReadFields(XDataItems()), Fields());
 }
 
 TEST(DocXDataItems, EveryPrefixOfAList_ReadsAsFarAsItGoes) {
     for (int count = 0; count <= kPlaces; ++count) {
         XDataItems items = FullList();
         items.Cut(count);
-        EXPECT_EQ(Read(items), FirstPlaces(count)) << count << " items";
+        EXPECT_EQ(ReadFields(items), FirstPlaces(count)) << count << " items";
     }
 }
 
 TEST(DocXDataItems, ItemsBehindTheLast_AreIgnored) {
     XDataItems items = FullList();
     items.Short(99).Long(99).Text(L"more");
-    EXPECT_EQ(Read(items), kFull);
+    EXPECT_EQ(ReadFields(items), kFull);
 }
 
 // --- Each item dropped in turn.
 
 TEST(DocXDataItems, WithoutAppName_ReadsTheSame) {
-    EXPECT_EQ(Read(Without(kAppName)), kFull);
+    EXPECT_EQ(ReadFields(Without(kAppName)), kFull);
 }
 
 TEST(DocXDataItems, WithoutSpec_KeepsItsDefaultAndReadsTheRest) {
     Fields expected = kFull;
     expected.spec = 0;
-    EXPECT_EQ(Read(Without(kSpec)), expected);
+    EXPECT_EQ(ReadFields(Without(kSpec)), expected);
 }
 
 TEST(DocXDataItems, WithoutMainSize_TheNextShortsMoveUp) {
@@ -139,20 +103,20 @@ TEST(DocXDataItems, WithoutMainSize_TheNextShortsMoveUp) {
     expected.mainSize = 4;
     expected.branchSize = 5;
     expected.isoPlane = 0;
-    EXPECT_EQ(Read(Without(kMain)), expected);
+    EXPECT_EQ(ReadFields(Without(kMain)), expected);
 }
 
 TEST(DocXDataItems, WithoutBranchSize_TheIsoplaneMovesUp) {
     Fields expected = kFull;
     expected.branchSize = 5;
     expected.isoPlane = 0;
-    EXPECT_EQ(Read(Without(kBranch)), expected);
+    EXPECT_EQ(ReadFields(Without(kBranch)), expected);
 }
 
 TEST(DocXDataItems, WithoutIsoplane_KeepsItsDefaultAndReadsTheRest) {
     Fields expected = kFull;
     expected.isoPlane = 0;
-    EXPECT_EQ(Read(Without(kIso)), expected);
+    EXPECT_EQ(ReadFields(Without(kIso)), expected);
 }
 
 TEST(DocXDataItems, WithoutAllThreeShorts_KeepsTheirDefaultsAndReadsTheRest) {
@@ -163,32 +127,32 @@ TEST(DocXDataItems, WithoutAllThreeShorts_KeepsTheirDefaultsAndReadsTheRest) {
     expected.mainSize = 12;
     expected.branchSize = 10;
     expected.isoPlane = 0;
-    EXPECT_EQ(Read(items), expected);
+    EXPECT_EQ(ReadFields(items), expected);
 }
 
 TEST(DocXDataItems, WithoutLine_KeepsItsDefaultAndReadsTheRest) {
     Fields expected = kFull;
     expected.line = 0;
-    EXPECT_EQ(Read(Without(kLine)), expected);
+    EXPECT_EQ(ReadFields(Without(kLine)), expected);
 }
 
 TEST(DocXDataItems, WithoutElectricMode_KeepsItsDefaultAndReadsTheRest) {
     Fields expected = kFull;
     expected.electricMode = 0;
-    EXPECT_EQ(Read(Without(kElectric)), expected);
+    EXPECT_EQ(ReadFields(Without(kElectric)), expected);
 }
 
 TEST(DocXDataItems, WithoutProject_TheExtraLongIsTakenForItAndTheExtrasAreNotReached) {
     Fields expected = FirstPlaces(kElectric);
     expected.project = 109;
     expected.app = 110;
-    EXPECT_EQ(Read(Without(kProject)), expected);
+    EXPECT_EQ(ReadFields(Without(kProject)), expected);
 }
 
 TEST(DocXDataItems, WithoutExtraLong_GoesStraightToTheDiscipline) {
     Fields expected = FirstPlaces(kProject);
     expected.app = 110;
-    EXPECT_EQ(Read(Without(kExtraLong)), expected);
+    EXPECT_EQ(ReadFields(Without(kExtraLong)), expected);
 }
 
 TEST(DocXDataItems, WithoutAnyExtra_ReadsTheDisciplineBehindTheProject) {
@@ -197,27 +161,27 @@ TEST(DocXDataItems, WithoutAnyExtra_ReadsTheDisciplineBehindTheProject) {
         items.Drop(kExtraLong - 1);
     Fields expected = FirstPlaces(kProject);
     expected.app = 2;
-    EXPECT_EQ(Read(items), expected);
+    EXPECT_EQ(ReadFields(items), expected);
 }
 
 TEST(DocXDataItems, WithoutFirstExtraShort_TheNextThreeItemsAreTakenAsTheyCome) {
     Fields expected = FirstPlaces(kExtraLong);
     expected.extraShort1 = 111;
-    EXPECT_EQ(Read(Without(kShort1)), expected) << "the text gives no number, the discipline no text";
+    EXPECT_EQ(ReadFields(Without(kShort1)), expected) << "the text gives no number, the discipline no text";
 }
 
 TEST(DocXDataItems, WithoutSecondExtraShort_TheNextThreeItemsAreTakenAsTheyCome) {
     Fields expected = FirstPlaces(kShort1);
-    EXPECT_EQ(Read(Without(kShort2)), expected);
+    EXPECT_EQ(ReadFields(Without(kShort2)), expected);
 }
 
 TEST(DocXDataItems, WithoutTag_TheDisciplineIsTakenForIt) {
     Fields expected = FirstPlaces(kShort2);
-    EXPECT_EQ(Read(Without(kText)), expected);
+    EXPECT_EQ(ReadFields(Without(kText)), expected);
 }
 
 TEST(DocXDataItems, WithoutDiscipline_KeepsItsDefault) {
-    EXPECT_EQ(Read(Without(kApp)), FirstPlaces(kText));
+    EXPECT_EQ(ReadFields(Without(kApp)), FirstPlaces(kText));
 }
 
 // --- Wrong codes.
@@ -229,7 +193,7 @@ TEST(DocXDataItems, ForeignCode_EndsTheReadingWhereItStands) {
              {short{1040}, short{1004}, short{1010}, short{1002}, short{1005}, short{0}, short{-4}}) {
             XDataItems items = FullList();
             items.At(place - 1).restype = code;
-            EXPECT_EQ(Read(items), FirstPlaces(place - 1)) << "code " << code << " in place " << place;
+            EXPECT_EQ(ReadFields(items), FirstPlaces(place - 1)) << "code " << code << " in place " << place;
         }
     }
 }
@@ -244,7 +208,7 @@ TEST(DocXDataItems, ShortInPlaceOfTheSpec_ShiftsTheFieldsBehindIt) {
     expected.electricMode = 5;
     expected.project = 106;
     expected.app = 7;
-    EXPECT_EQ(Read(items), expected);
+    EXPECT_EQ(ReadFields(items), expected);
 }
 
 TEST(DocXDataItems, LongInPlaceOfABranchSize_IsTakenForTheLine) {
@@ -257,13 +221,13 @@ TEST(DocXDataItems, LongInPlaceOfABranchSize_IsTakenForTheLine) {
     expected.electricMode = 5;
     expected.project = 106;
     expected.app = 7;
-    EXPECT_EQ(Read(items), expected);
+    EXPECT_EQ(ReadFields(items), expected);
 }
 
 TEST(DocXDataItems, SecondAppName_EndsTheReading) {
     XDataItems items;
     items.App().App().Long(101);
-    EXPECT_EQ(Read(items), Fields());
+    EXPECT_EQ(ReadFields(items), Fields());
 }
 
 TEST(DocXDataItems, LongsInPlaceOfTheExtraShorts_GiveTheirLowHalves) {
@@ -273,7 +237,7 @@ TEST(DocXDataItems, LongsInPlaceOfTheExtraShorts_GiveTheirLowHalves) {
     Fields expected = kFull;
     expected.extraShort1 = 5;
     expected.extraShort2 = -2;
-    EXPECT_EQ(Read(items), expected);
+    EXPECT_EQ(ReadFields(items), expected);
 }
 
 TEST(DocXDataItems, TextsInPlaceOfTheExtraShorts_GiveNoNumber) {
@@ -283,7 +247,7 @@ TEST(DocXDataItems, TextsInPlaceOfTheExtraShorts_GiveNoNumber) {
     Fields expected = kFull;
     expected.extraShort1 = 0;
     expected.extraShort2 = 0;
-    EXPECT_EQ(Read(items), expected);
+    EXPECT_EQ(ReadFields(items), expected);
 }
 
 TEST(DocXDataItems, NumberInPlaceOfTheTag_GivesZeros) {
@@ -292,7 +256,7 @@ TEST(DocXDataItems, NumberInPlaceOfTheTag_GivesZeros) {
     items.Long(0x41414141).Short(2);
     Fields expected = kFull;
     expected.tag = Tag{};
-    EXPECT_EQ(Read(items), expected);
+    EXPECT_EQ(ReadFields(items), expected);
 }
 
 // --- Widths and short texts.
@@ -302,14 +266,14 @@ TEST(DocXDataItems, NegativeShorts_KeepTheirSign) {
     items.App().Long(-1).Short(-3).Short(-4).Short(-5).Long(-6).Short(-7).Long(-8).Long(-9);
     items.Short(-10).Short(-11).Text(L"").Short(-12);
     const Fields expected = {-1, -3, -4, -5, -6, -7, -8, -9, -10, -11, Tag{}, -12};
-    EXPECT_EQ(Read(items), expected);
+    EXPECT_EQ(ReadFields(items), expected);
 }
 
 Tag ReadTag(const std::wstring& text) {
     XDataItems items = FullList();
     items.Cut(kShort2);
     items.Text(text);
-    return Read(items).tag;
+    return ReadFields(items).tag;
 }
 
 TEST(DocXDataItems, ShortTag_IsFilledUpWithZeros) {
@@ -332,7 +296,7 @@ TEST(DocXDataItems, NullTag_GivesZeros) {
     items.NullText().Short(2);
     Fields expected = kFull;
     expected.tag = Tag{};
-    EXPECT_EQ(Read(items), expected);
+    EXPECT_EQ(ReadFields(items), expected);
 }
 
 }  // namespace

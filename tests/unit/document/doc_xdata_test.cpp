@@ -9,6 +9,7 @@
 
 #include "acdbads.h"
 #include "acutads.h"
+#include "dbapserv.h"
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "document/drawing_queries.h"
@@ -264,6 +265,77 @@ TEST_F(DocXDataTest, WriteUnderTheCallersLock_LeavesThatLockAsItIs) {
     EXPECT_EQ(m_document->lockMode(true), AcAp::kWrite);
     EXPECT_EQ(locks.GetTaken(), 0);
     EXPECT_EQ(locks.GetGivenBack(), 0);
+}
+
+TEST_F(DocXDataTest, WriteUnderTheCallersReadLock_TakesALockOfItsOwnAndGivesItBack) {
+    ASSERT_EQ(acDocManager->lockDocument(m_document, AcAp::kRead), Acad::eOk);
+    WriteProject(9);
+    EXPECT_EQ(m_document->lockMode(true), AcAp::kRead);
+    EXPECT_EQ(acDocManager->unlockDocument(m_document), Acad::eOk);
+    EXPECT_EQ(CKV2D_DocXData(kDocXDataAppName).m_projectId, 9);
+}
+
+TEST_F(DocXDataTest, Write_WhileTheRecordLives_IsDoneAgainAtItsEnd) {
+    LockCounter locks;
+    {
+        CKV2D_DocXData data(kDocXDataAppName);
+        data.m_projectId = 1;
+        data.m_dirty = true;
+        data.Write();
+        EXPECT_EQ(CKV2D_DocXData(kDocXDataAppName).m_projectId, 1);
+        data.m_projectId = 2;
+    }
+    EXPECT_EQ(CKV2D_DocXData(kDocXDataAppName).m_projectId, 2);
+    EXPECT_EQ(locks.GetTaken(), 2);
+}
+
+TEST_F(DocXDataTest, DrawingThatGoesWhileTheLockIsTaken_KeepsTheLockAndGetsNothing) {
+    // Some program's event takes the working drawing away as soon as the document is locked.
+    class Thief : public AcApDocManagerReactor {
+      public:
+        Thief() { acDocManager->addReactor(this); }
+        ~Thief() override { acDocManager->removeReactor(this); }
+        void documentLockModeChanged(AcApDocument*, AcAp::DocLockMode, AcAp::DocLockMode, AcAp::DocLockMode,
+                                     const ACHAR*) override {
+            acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+        }
+    };
+    {
+        const Thief thief;
+        WriteProject(9);
+    }
+    acdbHostApplicationServices()->setWorkingDatabase(m_document->database());
+    EXPECT_EQ(m_document->lockMode(true), AcAp::kWrite);
+    EXPECT_EQ(acDocManager->unlockDocument(m_document), Acad::eOk);
+    EXPECT_THAT(Stored(), IsEmpty());
+    EXPECT_THAT(GetBoxes(), IsEmpty());
+}
+
+TEST_F(DocXDataTest, Write_RegistersItsName) {
+    const auto isRegistered = [this] {
+        AcDbObjectPointer<AcDbRegAppTable> names(m_document->database()->regAppTableId(), AcDb::kForRead);
+        return names->has(kDocXDataAppName);
+    };
+    EXPECT_FALSE(isRegistered());
+    WriteProject(9);
+    EXPECT_TRUE(isRegistered());
+}
+
+TEST_F(DocXDataTest, Write_MarksTheDrawingAsModified_AndLookingDoesNot) {
+    acdbSetDbmod(m_document->database(), 0);
+    { const CKV2D_DocXData data(kDocXDataAppName); }
+    EXPECT_EQ(acdbSetDbmod(m_document->database(), 0), 0);
+    WriteProject(9);
+    EXPECT_EQ(acdbSetDbmod(m_document->database(), 0), 1);
+}
+
+TEST_F(DocXDataTest, RecordThatCannotBeRead_HasDefaults) {
+    WriteProject(9);
+    const Lock lock(m_document);
+    AcDbObjectPointer<AcDbBlockTableRecord> writer(GetModelSpaceId(nullptr), AcDb::kForWrite);
+    const CKV2D_DocXData data(kDocXDataAppName);
+    EXPECT_EQ(data.m_projectId, 0);
+    EXPECT_EQ(data.m_mainSize, 12);
 }
 
 TEST_F(DocXDataTest, CleanRecord_TakesNoLock) {

@@ -196,11 +196,13 @@ TEST(ReadBlocks, MayReferToLaterOnes) {
 
 TEST(ReadBlocks, ThatContainThemselves_AreRefused) {
     EXPECT_EQ(ErrorOf(File(Section("BLOCKS", BlockText("A", "0\nINSERT\n2\nA\n")))),
-              L"The block \"A\" contains itself.");
+              L"Line 6: The block \"A\" contains itself.");
     EXPECT_THAT(ErrorOf(File(Section("BLOCKS", BlockText("A", "0\nINSERT\n2\nB\n") +
                                                    BlockText("B", "0\nINSERT\n2\nC\n") +
                                                    BlockText("C", "0\nINSERT\n2\nA\n")))),
                 HasSubstr(L"contains itself"));
+    EXPECT_EQ(ErrorOf(Entities("0\nINSERT\n2\n*Model_Space\n")),
+              L"Line 4: The block \"*Model_Space\" contains itself.");
 }
 
 TEST(ReadBlocks, SharedByManyOthers_AreNoCycle) {
@@ -514,47 +516,6 @@ TEST(ReadObjects, DamagedOnes_AreRefused) {
     EXPECT_THAT(
         ErrorOf(File(Section("OBJECTS", "0\nXRECORD\n5\nC\n100\nAcDbXrecord\n280\n1\n1\nx\n19\n1.0\n"))),
         HasSubstr(L"Group code 19 cannot stand"));
-}
-
-// --- Damage.
-
-TEST(ReadDrawing, TornAnywhere_IsRefusedAndLeavesTheDatabaseEmpty) {
-    const std::string whole = File(
-        Header("AC1015") +
-        Section(
-            "TABLES",
-            "0\nTABLE\n2\nLAYER\n5\n2\n0\nLAYER\n5\n10\n2\nPIPES\n70\n0\n62\n3\n6\nContinuous\n0\nENDTAB\n") +
-        Section("BLOCKS", BlockText("VAL_BLK", kLine)) +
-        Section("ENTITIES",
-                "0\nINSERT\n8\n0\n66\n1\n2\nVAL_BLK\n0\nATTRIB\n2\nLIN_"
-                "NUM\n1\nx\n0\nSEQEND\n1001\nOURS\n1070\n1\n") +
-        Section("OBJECTS", kRoot));
-    ASSERT_TRUE(Read(whole).IsRead());
-    for (std::size_t length = 0; length + 1 < whole.size(); ++length) {
-        EXPECT_FALSE(ErrorOf(whole.substr(0, length)).empty()) << length;
-    }
-}
-
-TEST(ReadDrawing, WithAnyGroupDropped_IsReadOrRefusedButNeverHarmful) {
-    const std::string whole = File(Section("BLOCKS", BlockText("VAL_BLK", kLine)) +
-                                   Section("ENTITIES",
-                                           "0\nINSERT\n8\n0\n66\n1\n2\nVAL_BLK\n0\nATTRIB\n2\nLIN_"
-                                           "NUM\n1\nx\n0\nSEQEND\n1001\nOURS\n1070\n1\n"));
-    std::vector<std::string> lines;
-    for (std::size_t start = 0; start < whole.size();) {
-        const auto end = whole.find('\n', start) + 1;
-        lines.push_back(whole.substr(start, end - start));
-        start = end;
-    }
-    for (std::size_t dropped = 0; dropped + 1 < lines.size(); dropped += 2) {
-        std::string text;
-        for (std::size_t i = 0; i < lines.size(); ++i) {
-            if (i != dropped && i != dropped + 1) text += lines[i];
-        }
-        Read drawing(text);
-        EXPECT_NE(drawing.IsRead(), drawing.Data().stubs.empty());
-        EXPECT_EQ(drawing.IsRead(), drawing.Error().empty());
-    }
 }
 
 }  // namespace

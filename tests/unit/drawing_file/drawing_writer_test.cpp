@@ -211,6 +211,23 @@ TEST_F(DrawingToWrite, ErasedThings_AreLeftOut) {
     EXPECT_EQ(again.Entity<TextData>(1).text, L"on an erased layer");
 }
 
+TEST_F(DrawingToWrite, ErasedNameOfAnApplication_IsLeftOutUnlessItsDataIsStillThere) {
+    const auto apply = [&](const wchar_t* name) {
+        return m_builder.Record<RegAppData>(m_builder.Table<RegAppTableData>(0), name, 0).stub;
+    };
+    AcDbStub* used = apply(L"Used");
+    AcDbStub* unused = apply(L"UNUSED");
+    auto& text = AText(L"x");
+    text.xdata = {{1001, L"USED"}, {1070, std::int64_t{1}}};
+    m_builder.Finish();
+    used->erased = unused->erased = true;
+    const std::string written = drawing_file::WriteDrawing(m_database);
+    EXPECT_THAT(written, HasSubstr("AcDbRegAppTableRecord\r\n  2\r\nUsed\r\n"));
+    EXPECT_THAT(written, Not(HasSubstr("UNUSED")));
+    text.stub->erased = true;
+    EXPECT_THAT(drawing_file::WriteDrawing(m_database), Not(HasSubstr("Used")));
+}
+
 TEST_F(DrawingToWrite, ReferenceWhoseAttributesAreAllErased_HasNoSequence) {
     auto& reference = m_builder.Entity<BlockReferenceData>(Space(), 0);
     reference.block = Block(L"VAL_BLK").stub;

@@ -61,6 +61,7 @@ TEST(FileTree, WhatFollowsTheEndMarkIsIgnored) {
 
 TEST(FileTree, EmptyFileIsRefused) {
     EXPECT_EQ(ErrorOf("").message, L"The file is empty.");
+    EXPECT_EQ(ErrorOf("").line, 1u);
 }
 
 TEST(FileTree, OtherFormsOfDrawingsAreRefusedByName) {

@@ -45,6 +45,20 @@ TEST_F(MemoryPlatformTest, FailWriteAt_LeavesTheBytesAheadOfIt) {
     EXPECT_EQ(Files().WriteBytes(File(), "ok"), WriteResult::kWritten);
 }
 
+TEST_F(MemoryPlatformTest, BreakOffFailingWrite_LeavesTheBytesAheadOfItOnce) {
+    PutFile(File(), "old text");
+    Files().BreakOffFailingWrite(2);
+    GetMemory().log.FailCall(2);
+    EXPECT_EQ(Files().WriteBytes(File(), "one"), WriteResult::kWritten);
+    EXPECT_EQ(Files().WriteBytes(File(), "two"), WriteResult::kWriteFailed);
+    EXPECT_EQ(GetBytes(File()), "tw");
+    EXPECT_EQ(Files().WriteBytes(File(), "three"), WriteResult::kWritten);
+    Files().ClearFaults();
+    GetMemory().log.FailCall(1);
+    EXPECT_EQ(Files().WriteBytes(File(), "four"), WriteResult::kCannotCreate);
+    EXPECT_EQ(GetBytes(File()), "three");
+}
+
 TEST_F(MemoryPlatformTest, RefuseMove_KeepsTheFolder) {
     PutFolder(InRoot(L"Old"));
     Files().RefuseMove(InRoot(L"Old"), platform::kSharingViolation);

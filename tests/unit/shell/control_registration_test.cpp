@@ -48,6 +48,20 @@ class ControlRegistrationTest : public MemorySystemTest {
         SetDefault(Hive::kLocalMachine, kMachineProgramKey, kClassId);
         SetDefault(Hive::kLocalMachine, kMachineClassKey, kDescription);
     }
+    struct KeyValue {
+        Hive hive;
+        const wchar_t* key;
+    };
+    static std::vector<KeyValue> ProbedFirst() {
+        return {{Hive::kClassesRoot, kProgramKey},
+                {Hive::kClassesRoot, kClassKey},
+                {Hive::kLocalMachine, kMachineClassKey}};
+    }
+    static std::vector<KeyValue> AllKeys() {
+        std::vector<KeyValue> keys = ProbedFirst();
+        keys.push_back({Hive::kLocalMachine, kMachineProgramKey});
+        return keys;
+    }
     void OnRegistrar(std::function<void()> effect) { GetMemory().processes.OnRun(std::move(effect)); }
 };
 
@@ -147,29 +161,68 @@ TEST_F(ControlRegistrationTest, Thumbnail_Known_RunsNothing) {
     EXPECT_THAT(GetRuns(), IsEmpty());
 }
 
-TEST_F(ControlRegistrationTest, Thumbnail_MachineProgramKeyIsNotAmongTheProbesBefore) {
+TEST_F(ControlRegistrationTest, Thumbnail_OnlyTheMachineProgramKeyWrong_RunsNothingAndStaysUnknown) {
+    PutFile(Local(L"DwgThumbnail.ocx"), "thumbnail");
     KnowThumbnail();
-    SetDefault(Hive::kLocalMachine, kMachineProgramKey, L"");
-    EXPECT_TRUE(RegisterThumbnailControl());
-    EXPECT_THAT(GetRuns(), IsEmpty());
+    SetDefault(Hive::kLocalMachine, kMachineProgramKey, L"something else");
+    EXPECT_FALSE(RegisterThumbnailControl());
+    EXPECT_THAT(GetRuns(), IsEmpty()) << "the key is not among those that are looked at first";
+    EXPECT_THAT(GetBoxes(), IsEmpty()) << "the caller tells it";
 }
 
 TEST_F(ControlRegistrationTest, Thumbnail_OneProbedKeyWrong_RunsTheRegistrarAndStaysUnknown) {
-    struct {
-        Hive hive;
-        const wchar_t* key;
-    } const probes[] = {{Hive::kClassesRoot, kProgramKey},
-                        {Hive::kClassesRoot, kClassKey},
-                        {Hive::kLocalMachine, kMachineClassKey}};
     PutFile(Local(L"DwgThumbnail.ocx"), "thumbnail");
     size_t nRuns = 0;
-    for (const auto& probe : probes) {
-        KnowThumbnail();
-        SetDefault(probe.hive, probe.key, L"something else");
-        EXPECT_FALSE(RegisterThumbnailControl()) << probe.key;
-        EXPECT_EQ(GetRuns().size(), ++nRuns) << probe.key;
+    for (const KeyValue& probe : ProbedFirst()) {
+        for (const wchar_t* text : {L"something else", L""}) {
+            KnowThumbnail();
+            SetDefault(probe.hive, probe.key, text);
+            EXPECT_FALSE(RegisterThumbnailControl()) << probe.key;
+            EXPECT_EQ(GetRuns().size(), ++nRuns) << probe.key;
+        }
     }
     EXPECT_EQ(GetRuns()[0].program, L"C:\\Windows\\system32\\REGSVR32.EXE");
+    EXPECT_THAT(GetRuns()[0].arguments,
+                ElementsAre(L"REGSVR32.EXE", L"/s", L"\"" + Local(L"DwgThumbnail.ocx") + L"\""));
+    EXPECT_THAT(GetBoxes(), IsEmpty());
+}
+
+TEST_F(ControlRegistrationTest, Thumbnail_OneProbedKeyWrong_TheRegistrarMendsIt) {
+    PutFile(Local(L"DwgThumbnail.ocx"), "thumbnail");
+    OnRegistrar([this] { KnowThumbnail(); });
+    for (const KeyValue& probe : ProbedFirst()) {
+        KnowThumbnail();
+        SetDefault(probe.hive, probe.key, L"something else");
+        EXPECT_TRUE(RegisterThumbnailControl()) << probe.key;
+    }
+    EXPECT_EQ(GetRuns().size(), 3u);
+}
+
+TEST_F(ControlRegistrationTest, Thumbnail_AnyOfTheFourKeysStillWrongAfterTheRegistrar_IsFalse) {
+    PutFile(Local(L"DwgThumbnail.ocx"), "thumbnail");
+    for (const KeyValue& probe : AllKeys()) {
+        SetDefault(Hive::kClassesRoot, kProgramKey, L"unknown before");
+        OnRegistrar([this, probe] {
+            KnowThumbnail();
+            SetDefault(probe.hive, probe.key, L"AutoCAD DwgThumbnail Control 2012");
+        });
+        EXPECT_FALSE(RegisterThumbnailControl()) << probe.key;
+    }
+}
+
+TEST_F(ControlRegistrationTest, Thumbnail_HalfKnownAndFileMissing_IsToldWithoutRunningAnything) {
+    for (const KeyValue& probe : ProbedFirst()) {
+        KnowThumbnail();
+        SetDefault(probe.hive, probe.key, L"");
+        EXPECT_FALSE(RegisterThumbnailControl()) << probe.key;
+    }
+    EXPECT_THAT(GetRuns(), IsEmpty());
+    EXPECT_EQ(GetBoxes().size(), 3u);
+}
+
+TEST_F(ControlRegistrationTest, Thumbnail_KnownAndFileMissing_IsFine) {
+    KnowThumbnail();
+    EXPECT_TRUE(RegisterThumbnailControl());
     EXPECT_THAT(GetBoxes(), IsEmpty());
 }
 
@@ -198,15 +251,6 @@ TEST_F(ControlRegistrationTest, Thumbnail_RegistrarMakesItKnown_IsTrue) {
     EXPECT_THAT(GetBoxes(), IsEmpty());
 }
 
-TEST_F(ControlRegistrationTest, Thumbnail_MachineProgramKeyMissingAfterTheRegistrar_IsFalse) {
-    PutFile(Local(L"DwgThumbnail.ocx"), "thumbnail");
-    OnRegistrar([this] {
-        KnowThumbnail();
-        SetDefault(Hive::kLocalMachine, kMachineProgramKey, L"");
-    });
-    EXPECT_FALSE(RegisterThumbnailControl());
-}
-
 TEST_F(ControlRegistrationTest, Thumbnail_FileMissing_IsToldWithoutOwner) {
     EXPECT_FALSE(RegisterThumbnailControl());
     EXPECT_THAT(GetRuns(), IsEmpty());
@@ -214,4 +258,68 @@ TEST_F(ControlRegistrationTest, Thumbnail_FileMissing_IsToldWithoutOwner) {
     EXPECT_EQ(GetBoxes()[0].owner, BoxOwner::kNone);
     EXPECT_EQ(GetBoxes()[0].text, L"Couldn't find ocx file: \n" + Local(L"DwgThumbnail.ocx") +
                                       L"\n\nPlease check software installation.");
+}
+
+TEST_F(ControlRegistrationTest, Thumbnail_CopyRefusedAndNoLocalFile_IsMissing) {
+    PutFile(Common(L"DwgThumbnail.ocx"), "thumbnail");
+    GetMemory().files.RefuseCreate(Local(L"DwgThumbnail.ocx"));
+    EXPECT_FALSE(RegisterThumbnailControl());
+    EXPECT_THAT(GetRuns(), IsEmpty());
+    ASSERT_EQ(GetBoxes().size(), 1u);
+    EXPECT_TRUE(GetBoxes()[0].text.starts_with(L"Couldn't find ocx file: \n"));
+}
+
+TEST_F(ControlRegistrationTest, BothControls_CopyTheFilesAlsoWhenTheyAreKnown) {
+    KnowThumbnail();
+    SetDefault(Hive::kClassesRoot, kMenuLibrary32, L"any text");
+    PutFile(Common(L"KalvorMenu.ocx"), "menu");
+    RegisterMenuControl();
+    EXPECT_TRUE(HasFile(Local(L"KalvorMenu.ocx")));
+    PutFile(Common(L"DwgThumbnail.ocx"), "thumbnail");
+    EXPECT_TRUE(RegisterThumbnailControl());
+    EXPECT_TRUE(HasFile(Local(L"DwgThumbnail.ocx")));
+}
+
+TEST_F(ControlRegistrationTest, LocalFileAndADifferentCommonOne_TheLocalOneIsRegistered) {
+    PutFile(Common(L"KalvorMenu.ocx"), "newer");
+    PutFile(Local(L"KalvorMenu.ocx"), "older");
+    OnRegistrar([this] { SetDefault(Hive::kClassesRoot, kMenuLibrary, L"any text"); });
+    RegisterMenuControl();
+    ASSERT_EQ(GetRuns().size(), 1u);
+    EXPECT_EQ(GetRuns()[0].arguments[2], L"\"" + Local(L"KalvorMenu.ocx") + L"\"");
+    EXPECT_EQ(GetBytes(Local(L"KalvorMenu.ocx")), "older");
+    EXPECT_THAT(GetBoxes(), IsEmpty());
+}
+
+TEST_F(ControlRegistrationTest, MenuControl_RegisteredInThe64BitViewOnly_RunsTheRegistrarAtEveryLoad) {
+    PutFile(Local(L"KalvorMenu.ocx"), "menu");
+    OnRegistrar([this] { SetDefault(Hive::kClassesRoot, kMenuLibrary, L"any text"); });
+    RegisterMenuControl();
+    RegisterMenuControl();
+    EXPECT_EQ(GetRuns().size(), 2u);
+    EXPECT_THAT(GetBoxes(), IsEmpty());
+}
+
+TEST_F(ControlRegistrationTest, SystemRootWithBackslash_GetsNoSecondOne) {
+    SetVariable(L"SystemRoot", L"C:\\Windows\\");
+    PutFile(Local(L"KalvorMenu.ocx"), "menu");
+    RegisterMenuControl();
+    ASSERT_EQ(GetRuns().size(), 1u);
+    EXPECT_EQ(GetRuns()[0].program, L"C:\\Windows\\SysWOW64\\REGSVR32.EXE");
+}
+
+TEST_F(ControlRegistrationTest, PercentInThePath_IsText) {
+    SetVariable(L"CommonProgramFiles", InRoot(L"%s%n"));
+    RegisterMenuControl();
+    ASSERT_EQ(GetBoxes().size(), 1u);
+    EXPECT_EQ(GetBoxes()[0].text, L"Couldn't find ocx file: \n" + InRoot(L"%s%n\\KALVOR\\KalvorMenu.ocx") +
+                                      L"\n\nPlease check software installation.");
+}
+
+TEST_F(ControlRegistrationTest, ReadDefaultRegValue_MissingKeyOrTooLongText_IsEmpty) {
+    EXPECT_EQ(ReadDefaultRegValue(Hive::kClassesRoot, L"No\\Such\\Key"), L"");
+    SetDefault(Hive::kClassesRoot, L"Long", std::wstring(1023, L'x').c_str());
+    EXPECT_EQ(ReadDefaultRegValue(Hive::kClassesRoot, L"Long").size(), 1023u);
+    SetDefault(Hive::kClassesRoot, L"Long", std::wstring(1024, L'x').c_str());
+    EXPECT_EQ(ReadDefaultRegValue(Hive::kClassesRoot, L"Long"), L"");
 }

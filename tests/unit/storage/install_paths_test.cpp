@@ -117,4 +117,46 @@ TEST_F(InstallPathsTest, MenuIconSize_IsReadFromTheUsersFile) {
     EXPECT_EQ(GetMenuIconSize(), 0);
 }
 
+// --- Faults.
+
+void PutAllRoots(TestSystem& system) {
+    system.SetMachineValue(L"DatafilesPath", L"X:\\Data");
+    system.SetMachineValue(L"NetworkAppPath", L"N:\\Apps");
+    system.SetMachineValue(L"LocalAppPath", L"C:\\Apps");
+    system.SetMachineValue(L"Installation", L"User Settings Path", system.InRoot(L"User"));
+    system.SetVariable(L"ProgramData", system.InRoot(L"ProgramData"));
+    system.PutFile(system.InRoot(L"User\\UserSettings.ini"), Lines({"[AutoCAD Settings]", "MenuSize = 32"}));
+}
+
+TEST(InstallPathsEveryFault, PathThatCannotBeRead_CountsAsMissing) {
+    struct {
+        std::wstring (*get)();
+        const wchar_t* present;
+        const wchar_t* missing;
+    } const cases[] = {
+        {GetDatafilesPath, L"X:\\Data\\", L""},
+        {GetLibrariesPath, L"X:\\Data\\Libraries\\", L""},
+        {[] { return GetDatafilePath(L"A.ini"); }, L"X:\\Data\\A.ini", L""},
+        {[] { return GetPipingStandardPath(L"ANSI"); }, L"X:\\Data\\Standards\\Piping\\ANSI\\", L""},
+        {GetCommonFilesPath, L"N:\\Apps\\Applications\\Common Files\\", L""},
+        {[] { return GetNetworkApplicationPath(2, L"Menu"); }, L"N:\\Apps\\Tessarc\\PID\\Menu\\", L""},
+        {[] { return GetHelpFilePath(2); }, L"C:\\Apps\\Help\\PID.chm", L"PID.chm"},
+        {GetUserSettingsPath, L"C:\\Test\\User\\UserSettings.ini",
+         L"C:\\Test\\ProgramData\\KALVOR\\Orvex 2023\\UserSettings.ini"},
+    };
+    for (const auto& path : cases) {
+        size_t run = 0;
+        const size_t runs = ForEachFailingCall(PutAllRoots, [&](TestSystem&) {
+            EXPECT_EQ(path.get(), ++run == 1 ? path.missing : path.present);
+        });
+        EXPECT_EQ(runs, 2u) << "one registry value each, read once";
+    }
+}
+
+TEST(InstallPathsEveryFault, MenuIconSize_IsTheStoredOneOrTheDefault) {
+    std::vector<int> sizes;
+    ForEachFailingCall(PutAllRoots, [&](TestSystem&) { sizes.push_back(GetMenuIconSize()); });
+    EXPECT_EQ(sizes, std::vector<int>({16, 16, 32})) << "registry, file, nothing failing";
+}
+
 }  // namespace

@@ -57,6 +57,52 @@ TEST_F(OpenTest, Open_AsOtherClass_IsRefusedAndLeavesTheObjectClosed) {
     EXPECT_EQ(line.openStatus(), Acad::eOk);
 }
 
+// What is wrong with the object comes before what is wrong with the class that it is asked for.
+TEST_F(OpenTest, Open_AsOtherClass_IsTheLastThingToBeRefused) {
+    const AcDbObjectId id = ALine();
+    AcDbCircle* circle = nullptr;
+    {
+        AcDbObjectPointer<AcDbLine> reader(id);
+        EXPECT_EQ(acdbOpenObject(circle, id), Acad::eNotThatKindOfClass);
+        EXPECT_EQ(acdbOpenObject(circle, id, AcDb::kForWrite), Acad::eWasOpenForRead);
+        EXPECT_EQ(reader->upgradeOpen(), Acad::eOk) << "the refused one does not count as a reader";
+        EXPECT_EQ(acdbOpenObject(circle, id), Acad::eWasOpenForWrite);
+        EXPECT_EQ(reader->erase(), Acad::eOk);
+    }
+    EXPECT_EQ(acdbOpenObject(circle, id), Acad::eWasErased);
+    EXPECT_EQ(acdbOpenObject(circle, id, AcDb::kForRead, true), Acad::eNotThatKindOfClass);
+    m_guard.allowed = false;
+    EXPECT_EQ(acdbOpenObject(circle, id, AcDb::kForWrite, true), Acad::eLockViolation);
+    EXPECT_EQ(circle, nullptr);
+    EXPECT_EQ(database::OpenObjects(Drawing()), 0);
+}
+
+TEST_F(OpenTest, Open_InAnUnknownMode_IsRefused) {
+    AcDbLine* line = nullptr;
+    EXPECT_EQ(acdbOpenObject(line, ALine(), static_cast<AcDb::OpenMode>(7)), Acad::eInvalidInput);
+    EXPECT_EQ(line, nullptr);
+}
+
+TEST_F(OpenTest, Open_HandleThatNeverGotAnObject_IsErasedForGood) {
+    AcDbDatabase drawing(false, true);
+    database::Builder builder(drawing);
+    const AcDbObjectId id(builder.Reference(0x99));
+    AcDbObject* object = nullptr;
+    EXPECT_EQ(acdbOpenObject(object, id), Acad::ePermanentlyErased);
+    EXPECT_EQ(acdbOpenObject(object, id, AcDb::kForRead, true), Acad::ePermanentlyErased);
+    EXPECT_EQ(id.objectClass(), nullptr);
+    EXPECT_TRUE(id.isErased());
+    EXPECT_FALSE(id.isValid());
+}
+
+TEST_F(OpenTest, Id_KnowsTheClassOfItsObject) {
+    const AcDbObjectId id = ALine();
+    EXPECT_EQ(id.objectClass(), AcDbLine::desc());
+    EXPECT_EQ(ModelSpaceId().objectClass(), AcDbBlockTableRecord::desc());
+    AcDbObjectPointer<AcDbLine>(id, AcDb::kForWrite)->erase();
+    EXPECT_EQ(id.objectClass(), AcDbLine::desc()) << "an erased object keeps it";
+}
+
 TEST_F(OpenTest, Open_AsBaseClass_Works) {
     AcDbEntity* entity = nullptr;
     ASSERT_EQ(acdbOpenAcDbEntity(entity, ALine(), AcDb::kForRead), Acad::eOk);
@@ -139,6 +185,49 @@ TEST_F(OpenTest, UpgradeOpen_WithAnotherReader_IsRefusedAndBothStayReaders) {
     EXPECT_EQ(first.close(), Acad::eOk);
     EXPECT_EQ(second.close(), Acad::eOk);
     EXPECT_EQ(database::OpenObjects(Drawing()), 0);
+}
+
+TEST_F(OpenTest, UpgradeOpen_OfWhatIsNotOpen_IsRefused) {
+    const AcDbObjectId id = ALine();
+    AcDbObjectPointer<AcDbLine> holder(id);
+    AcDbLine* line = holder.object();
+    holder.close();
+    EXPECT_EQ(line->upgradeOpen(), Acad::eNotOpenForRead);
+    EXPECT_EQ(line->downgradeOpen(), Acad::eNotOpenForWrite);
+    EXPECT_EQ(line->close(), Acad::eNotOpenForRead);
+}
+
+TEST_F(OpenTest, DowngradeOpen_LetsOtherReadersInAndNoWriter) {
+    const AcDbObjectId id = ALine();
+    AcDbObjectPointer<AcDbLine> writer(id, AcDb::kForWrite);
+    EXPECT_EQ(writer->downgradeOpen(), Acad::eOk);
+    EXPECT_EQ(writer->downgradeOpen(), Acad::eNotOpenForWrite);
+    AcDbObjectPointer<AcDbLine> reader(id);
+    EXPECT_EQ(reader.openStatus(), Acad::eOk);
+    AcDbLine* other = nullptr;
+    EXPECT_EQ(acdbOpenObject(other, id, AcDb::kForWrite), Acad::eWasOpenForRead);
+}
+
+TEST_F(OpenTest, NewObject_IsFreeForItsHolder) {
+    AcDbLine line;
+    EXPECT_EQ(line.upgradeOpen(), Acad::eOk);
+    EXPECT_EQ(line.downgradeOpen(), Acad::eOk);
+    EXPECT_EQ(line.erase(), Acad::eNotInDatabase);
+    EXPECT_TRUE(line.isReadEnabled());
+    EXPECT_TRUE(line.isWriteEnabled());
+}
+
+TEST_F(OpenTest, AppendedObject_IsNewUntilItsFirstClose) {
+    AcDbObjectPointer<AcDbBlockTableRecord> space(ModelSpaceId(), AcDb::kForWrite);
+    auto* line = new AcDbLine;
+    AcDbObjectId id;
+    ASSERT_EQ(space->appendAcDbEntity(id, line), Acad::eOk);
+    EXPECT_TRUE(line->isNewObject());
+    EXPECT_TRUE(line->isModified());
+    line->close();
+    AcDbObjectPointer<AcDbLine> again(id, AcDb::kForWrite);
+    EXPECT_FALSE(again->isNewObject());
+    EXPECT_FALSE(again->isModified());
 }
 
 TEST_F(OpenTest, Read_OfClosedObject_EndsTheProgram) {

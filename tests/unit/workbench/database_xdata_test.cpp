@@ -1,4 +1,6 @@
 // Extended data: registration, order, limits.
+#include <cwchar>
+
 #include "drawing_fixture.h"
 
 namespace workbench::test {
@@ -125,6 +127,83 @@ TEST_F(XDataTest, Set_TogetherWithAnotherApplicationOver16Kilobytes_IsRefused) {
     const List other(acutBuildList(1001, L"OTHER", 1000, text.c_str(), 1000, text.c_str(), RTNONE));
     EXPECT_EQ(m_line->setXData(other.get()), Acad::eXdataSizeExceeded);
     EXPECT_EQ(m_line->xData(L"OTHER"), nullptr);
+}
+
+TEST_F(XDataTest, Set_Exactly16Kilobytes_FitsAndOneByteMoreDoesNot) {
+    // 29 bytes of the name's item, 63 texts of 258 bytes (255, their length, their code), and what is left.
+    const std::wstring full(255, L'x');
+    const auto set = [&](std::size_t last) {
+        resbuf* items = acutBuildList(1001, kName, RTNONE);
+        resbuf* tail = items;
+        for (int i = 0; i < 63; ++i)
+            tail = tail->rbnext = acutBuildList(1000, full.c_str(), RTNONE);
+        tail->rbnext = acutBuildList(1000, std::wstring(last, L'y').c_str(), RTNONE);
+        const List list(items);
+        return m_line->setXData(list.get());
+    };
+    const std::size_t name = 2 + 1 + std::wcslen(kName);
+    const std::size_t rest = 16 * 1024 - name - 63 * 258 - 3;
+    ASSERT_LT(rest, 255u);
+    EXPECT_EQ(set(rest), Acad::eOk);
+    EXPECT_EQ(set(rest + 1), Acad::eXdataSizeExceeded);
+}
+
+TEST_F(XDataTest, Set_Binary255Bytes_Fits_256DoesNot) {
+    std::string bytes(256, '\x7F');
+    const auto set = [&](short length) {
+        const ads_binary binary = {length, bytes.data()};
+        const List list(acutBuildList(1001, kName, 1004, &binary, RTNONE));
+        return m_line->setXData(list.get());
+    };
+    EXPECT_EQ(set(255), Acad::eOk);
+    EXPECT_EQ(set(256), Acad::eXdataSizeExceeded);
+}
+
+TEST_F(XDataTest, Set_RefusedForOneApplication_ChangesNoneOfTheOthers) {
+    ASSERT_EQ(SetText(L"old"), Acad::eOk);
+    const List list(acutBuildList(1001, kName, 1000, L"new", 1001, L"NOBODY", 1070, 1, RTNONE));
+    EXPECT_EQ(m_line->setXData(list.get()), Acad::eRegappIdNotFound);
+    const List kept(m_line->xData(kName));
+    EXPECT_STREQ(kept.get()->rbnext->resval.rstring, L"old");
+}
+
+TEST_F(XDataTest, Set_OfOneApplication_KeepsItsPlaceAmongTheOthers) {
+    ASSERT_EQ(acdbRegApp(L"OTHER"), RTNORM);
+    const List both(acutBuildList(1001, kName, 1070, 1, 1001, L"OTHER", 1070, 2, RTNONE));
+    ASSERT_EQ(m_line->setXData(both.get()), Acad::eOk);
+    const List longer(acutBuildList(1001, kName, 1070, 3, 1070, 4, RTNONE));
+    ASSERT_EQ(m_line->setXData(longer.get()), Acad::eOk);
+    const List all(m_line->xData());
+    EXPECT_EQ(all.Types(), (std::vector<int>{1001, 1070, 1070, 1001, 1070}));
+    EXPECT_STREQ(all.get()->resval.rstring, kName);
+}
+
+TEST_F(XDataTest, Set_BracesWithinEachApplication_Match) {
+    ASSERT_EQ(acdbRegApp(L"OTHER"), RTNORM);
+    const List split(acutBuildList(1001, kName, 1002, L"{", 1001, L"OTHER", 1070, 1, 1002, L"}", RTNONE));
+    EXPECT_EQ(m_line->setXData(split.get()), Acad::eInvalidResBuf);
+    const List nested(acutBuildList(1001, kName, 1002, L"{", 1002, L"{", 1002, L"}", 1002, L"}", RTNONE));
+    EXPECT_EQ(m_line->setXData(nested.get()), Acad::eOk);
+}
+
+TEST_F(XDataTest, Set_AnErasedName_IsNotRegistered) {
+    ASSERT_EQ(acdbRegApp(L"OTHER"), RTNORM);
+    AcDbObjectId id;
+    {
+        AcDbObjectPointer<AcDbRegAppTable> names(Drawing().regAppTableId());
+        ASSERT_EQ(names->getAt(L"OTHER", id), Acad::eOk);
+    }
+    ASSERT_EQ(AcDbObjectPointer<AcDbRegAppTableRecord>(id, AcDb::kForWrite)->erase(), Acad::eOk);
+    const List list(acutBuildList(1001, L"OTHER", 1070, 1, RTNONE));
+    EXPECT_EQ(m_line->setXData(list.get()), Acad::eRegappIdNotFound);
+    EXPECT_EQ(acdbRegApp(L"OTHER"), RTNORM);
+    EXPECT_EQ(m_line->setXData(list.get()), Acad::eOk);
+}
+
+TEST_F(XDataTest, Get_OfAnObjectThatIsNotOpen_EndsTheProgram) {
+    const AcDbLine* line = m_line.object();
+    m_line.close();
+    EXPECT_THROW(line->xData(kName), FatalError);
 }
 
 TEST_F(XDataTest, Set_ListsThatAreNoXData_AreRefused) {

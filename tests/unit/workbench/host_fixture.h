@@ -148,10 +148,16 @@ class DocumentEvents : public AcApDocManagerReactor {
     std::vector<std::wstring> events, locks;
     std::function<void()> onDestroyed;
     std::function<void(AcApDocument*)> onBecameCurrent;
+    // What to do in the events of that name ("created") of a document.
+    std::map<std::wstring, std::function<void(AcApDocument*)>> on;
 
   private:
-    void Add(const std::wstring& what, const AcApDocument* document) {
+    void Add(const std::wstring& what, AcApDocument* document) {
         events.push_back(what + L" " + (document == nullptr ? L"null" : document->docTitle()));
+        if (const auto found = on.find(what); found != on.end()) {
+            const auto action = found->second;  // which may change what is to be done next time
+            action(document);
+        }
     }
 };
 

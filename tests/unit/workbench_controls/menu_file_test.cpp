@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
 #include "controls/utf8.h"
 
 using controls::ItemKind;
@@ -55,6 +59,15 @@ TEST(MenuFile, Faults_NameTheirLine) {
     EXPECT_EQ(ErrorOf(kStart + "Tab\t\xFF\n"), L"Line 3: the text is not UTF-8.");
 }
 
+TEST(MenuFile, FaultsOfTabsAndItems_AreTold) {
+    EXPECT_EQ(ErrorOf("TabbedMenu\t1\nTab\t\n"), L"Line 2: a tab has a label and nothing else.");
+    EXPECT_EQ(ErrorOf("TabbedMenu\t1\nTab\tA\tB\n"), L"Line 2: a tab has a label and nothing else.");
+    EXPECT_EQ(ErrorOf(kStart + "Toggle\t1\ta.ico\tb\tc\t\n"), L"Line 3: an item has a text.");
+    EXPECT_EQ(ErrorOf(kStart + "command\t1\t\ta\tb\tc\n"),
+              L"Line 3: a line begins with Tab, Command or Toggle.");
+    EXPECT_EQ(ErrorOf("TabbedMenu 1\n"), L"Line 1: this is not a menu file.");
+}
+
 TEST(MenuFile, ItemNumbers_AreShortAndAboveZero) {
     for (const char* number : {"0", "-1", "32768", "99999999999999999999", "", "1x"})
         EXPECT_EQ(ErrorOf(kStart + "Command\t" + number + "\t\ta\tb\tc\n"),
@@ -68,4 +81,20 @@ TEST(Utf8, TornOverlongAndSurrogateBytes_AreRefused) {
         EXPECT_FALSE(controls::Utf8ToWide(bytes, text));
     EXPECT_TRUE(controls::Utf8ToWide("\xC3\xA9\xE2\x82\xAC", text));
     EXPECT_EQ(text, L"\u00E9\u20AC");
+}
+
+TEST(MenuFile, DemonstrationMenus_AreWhole) {
+    int count = 0;
+    for (const auto& entry :
+         std::filesystem::recursive_directory_iterator(KV2D_DEMO_FOLDER "/share/Application")) {
+        if (entry.path().extension() != ".tbm") continue;
+        std::ifstream file(entry.path(), std::ios::binary);
+        const std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+        MenuFile menu;
+        std::wstring error;
+        EXPECT_TRUE(ParseMenuFile(bytes, menu, error)) << entry.path();
+        EXPECT_GE(menu.tabs.size(), 4u) << entry.path();
+        ++count;
+    }
+    EXPECT_EQ(count, 10) << "five menus in two sizes";
 }

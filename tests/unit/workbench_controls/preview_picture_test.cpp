@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <string>
 
 using namespace controls;
@@ -60,6 +62,51 @@ TEST(PreviewPicture, EveryPrefixOfAFile_IsSafe) {
             << length;
 }
 
+TEST(PreviewPicture, PngWinsOverABitmap_InEitherOrder) {
+    for (const auto& [first, second] : {std::pair(2, 6), std::pair(6, 2)}) {
+        std::string file = std::string("AC1032\0\0\0\0\0\0\0", 13) + Number(0x20, 4);
+        file.resize(0x20);
+        file += kSentinel + Number(0, 4) + Number(2, 1);
+        for (const int code : {first, second})
+            file += Number(static_cast<std::uint32_t>(code), 1) + Number(code == 6 ? 0x60 : 0x63, 4) +
+                    Number(3, 4);
+        file.resize(0x60);
+        file += "pngbmp";
+        EXPECT_EQ(FindPreviewPicture(file).kind, PreviewKind::kPng);
+        EXPECT_EQ(FindPreviewPicture(file).bytes, "png");
+    }
+}
+
+TEST(PreviewPicture, EntryThatLeadsAstray_DoesNotHideTheGoodOne) {
+    std::string file = std::string("AC1032\0\0\0\0\0\0\0", 13) + Number(0x20, 4);
+    file.resize(0x20);
+    file += kSentinel + Number(0, 4) + Number(3, 1);
+    file += Number(1, 1) + Number(0, 4) + Number(0, 4);
+    file += Number(6, 1) + Number(0xFFFFFFF0, 4) + Number(0x20, 4);
+    file += Number(2, 1) + Number(0x60, 4) + Number(7, 4);
+    file.resize(0x60);
+    file += "picture";
+    EXPECT_EQ(FindPreviewPicture(file).kind, PreviewKind::kBitmap);
+    EXPECT_EQ(FindPreviewPicture(file).bytes, "picture");
+}
+
+TEST(PreviewPicture, BlockWithoutItsMark_IsNone) {
+    std::string file = Drawing(2, 0x60, "picture", 7);
+    file[0x20] = 'x';
+    EXPECT_EQ(FindPreviewPicture(file).kind, PreviewKind::kNone);
+}
+
+TEST(PreviewPicture, DemonstrationsBinaryDrawing_HasAWholeOne) {
+    std::ifstream file(KV2D_DEMO_FOLDER "/binary/TF-PID-002.dwg", std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    const PreviewPicture preview = FindPreviewPicture(bytes);
+    ASSERT_EQ(preview.kind, PreviewKind::kBitmap);
+    BitmapLayout layout;
+    ASSERT_TRUE(MeasureBitmap(preview.bytes, layout));
+    EXPECT_EQ(layout.width, 256);
+    EXPECT_EQ(layout.height, 192);
+}
+
 TEST(PreviewPicture, DxfText_IsNoBinaryDrawing) {
     EXPECT_FALSE(IsBinaryDrawing("  0\nSECTION\n  2\nHEADER\n"));
     EXPECT_FALSE(IsBinaryDrawing("AC10"));
@@ -86,4 +133,31 @@ TEST(PreviewBitmap, SizesThatMakeNoSense_AreRefused) {
     EXPECT_FALSE(MeasureBitmap(Bitmap(1, -2147483647 - 1, 24) + room, layout));
     EXPECT_FALSE(MeasureBitmap(Bitmap(5000, 1, 24) + room, layout));
     EXPECT_FALSE(MeasureBitmap(Bitmap(1, 1, 16) + room, layout));
+}
+
+TEST(PreviewBitmap, TooManyPixelsInAll_AreRefused) {
+    BitmapLayout layout;
+    EXPECT_TRUE(MeasureBitmap(Bitmap(4096, 1024, 1) + std::string(1 << 20, 'x'), layout));
+    EXPECT_FALSE(MeasureBitmap(Bitmap(4096, 1025, 1) + std::string(1 << 20, 'x'), layout));
+}
+
+TEST(PreviewPng, SizeIsReadFromItsFirstChunk) {
+    const auto png = [](std::uint32_t width, std::uint32_t height) {
+        std::string text("\x89PNG\r\n\x1A\n\0\0\0\rIHDR", 16);
+        for (const std::uint32_t side : {width, height})
+            for (int shift = 24; shift >= 0; shift -= 8)
+                text += static_cast<char>(side >> shift & 0xFF);
+        return text;
+    };
+    int width = 0, height = 0;
+    ASSERT_TRUE(MeasurePng(png(320, 200), width, height));
+    EXPECT_EQ(width, 320);
+    EXPECT_EQ(height, 200);
+    EXPECT_FALSE(MeasurePng(png(0, 200), width, height));
+    EXPECT_FALSE(MeasurePng(png(30'000, 1), width, height));
+    EXPECT_FALSE(MeasurePng(png(4096, 4096), width, height)) << "more than four million pixels";
+    EXPECT_FALSE(MeasurePng(png(0x80000001, 2), width, height));
+    EXPECT_FALSE(MeasurePng(png(320, 200).substr(0, 23), width, height));
+    EXPECT_FALSE(MeasurePng("GIF89a" + png(320, 200), width, height));
+    EXPECT_EQ(width, 320) << "a refused picture leaves the result alone";
 }

@@ -1,0 +1,278 @@
+// Documents whose events do things to documents: what reactors may do, and what comes of it.
+#include "host_fixture.h"
+
+namespace workbench::test {
+namespace {
+
+class DocumentEventsTest : public HostTest {
+  protected:
+    // Closes the document of an event as application code does.
+    static void CloseIt(AcApDocument* document) {
+        EXPECT_EQ(acDocManager->appContextCloseDocument(document), Acad::eOk);
+    }
+    static int Walk() {
+        const std::unique_ptr<AcApDocumentIterator> documents(acDocManager->newAcApDocumentIterator());
+        int count = 0;
+        for (; !documents->done(); documents->step()) {
+            EXPECT_NE(documents->document()->database(), nullptr);
+            ++count;
+        }
+        return count;
+    }
+};
+
+// --- A reactor that closes the document that it is told of.
+
+TEST_F(DocumentEventsTest, CreatedDocumentClosedByAReactor_IsNeverActivated) {
+    host::Document& first = ADocument();
+    DocumentEvents events;
+    events.on[L"created"] = CloseIt;
+    EXPECT_EQ(acDocManager->appContextNewDocument(nullptr), Acad::eOk);
+    EXPECT_EQ(events.events, (Events{L"createStarted Drawing2.dwg", L"created Drawing2.dwg",
+                                     L"toBeDestroyed Drawing2.dwg", L"destroyed Drawing2.dwg count 2"}));
+    EXPECT_EQ(acDocManager->curDocument(), &first);
+    EXPECT_EQ(Walk(), 1);
+}
+
+TEST_F(DocumentEventsTest, DocumentClosedWhileItIsToBeActivated_LeavesTheOneBefore) {
+    host::Document& first = ADocument();
+    DocumentEvents events;
+    DocumentEvents later;
+    events.on[L"toBeActivated"] = CloseIt;
+    EXPECT_EQ(acDocManager->appContextNewDocument(nullptr), Acad::eOk);
+    EXPECT_EQ(acDocManager->curDocument(), &first);
+    EXPECT_EQ(acDocManager->mdiActiveDocument(), &first);
+    EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), first.database());
+    EXPECT_EQ(later.events.back(), L"destroyed Drawing2.dwg count 2") << "nobody is told of it any more";
+}
+
+TEST_F(DocumentEventsTest, DocumentClosedAsItBecomesCurrent_IsNotActivated) {
+    host::Document& first = ADocument();
+    host::Document& second = ADocument();
+    DocumentEvents events;
+    events.onBecameCurrent = [&](AcApDocument* document) {
+        if (document == &first) CloseIt(document);
+    };
+    EXPECT_EQ(acDocManager->activateDocument(&first), Acad::eNoDocument);
+    EXPECT_EQ(acDocManager->curDocument(), &second);
+    EXPECT_EQ(std::count(events.events.begin(), events.events.end(), L"activated Drawing1.dwg"), 0);
+    EXPECT_EQ(events.events.back(), L"activated Drawing2.dwg");
+}
+
+TEST_F(DocumentEventsTest, DocumentClosedAsItIsLeft_IsGoneWhenTheNextIsActive) {
+    host::Document& first = ADocument();
+    ADocument();
+    DocumentEvents events;
+    events.on[L"toBeDeactivated"] = [&](AcApDocument* document) {
+        events.on.clear();
+        CloseIt(document);
+    };
+    EXPECT_EQ(acDocManager->activateDocument(&first), Acad::eOk);
+    EXPECT_EQ(acDocManager->curDocument(), &first);
+    EXPECT_EQ(Walk(), 1);
+}
+
+TEST_F(DocumentEventsTest, DocumentClosedAsItsLockIsTaken_IsNotLocked) {
+    class Closer : public AcApDocManagerReactor {
+      public:
+        void documentLockModeWillChange(AcApDocument* document, AcAp::DocLockMode, AcAp::DocLockMode,
+                                        AcAp::DocLockMode, const ACHAR*) override {
+            CloseIt(document);
+        }
+    };
+    host::Document& document = ADocument();
+    Closer closer;
+    acDocManager->addReactor(&closer);
+    EXPECT_EQ(acDocManager->lockDocument(&document), Acad::eNoDocument);
+    acDocManager->removeReactor(&closer);
+    EXPECT_EQ(acDocManager->documentCount(), 0);
+}
+
+TEST_F(DocumentEventsTest, DocumentClosedWhileTheUserIsAsked_IsClosedOnce) {
+    class ClosingSurface : public FakeSurface {
+      public:
+        host::SaveAnswer AskSave(const std::wstring& title) override {
+            CloseIt(acDocManager->curDocument());
+            return FakeSurface::AskSave(title);
+        }
+    };
+    m_host.reset();
+    ClosingSurface surface;
+    for (const host::SaveAnswer answer : {host::SaveAnswer::kDiscard, host::SaveAnswer::kSave}) {
+        surface.answer = answer;
+        host::Host host(surface, m_files, m_loader, TestSettings());
+        ASSERT_EQ(host.Documents().New(L""), Acad::eOk);
+        acdbSetDbmod(host.Documents().Current()->database(), 1);
+        DocumentEvents events;
+        EXPECT_EQ(acDocManager->closeDocument(acDocManager->curDocument()), Acad::eOk);
+        EXPECT_EQ(std::count(events.events.begin(), events.events.end(), L"toBeDestroyed Drawing1.dwg"), 1);
+        EXPECT_EQ(acDocManager->documentCount(), 0);
+    }
+}
+
+TEST_F(DocumentEventsTest, AnotherActivatedByAReactor_IsTheActiveOneInTheEnd) {
+    host::Document& first = ADocument();
+    host::Document& second = ADocument();
+    host::Document& third = ADocument();
+    DocumentEvents events;
+    events.onBecameCurrent = [&](AcApDocument* document) {
+        if (document == &first) acDocManager->activateDocument(&second);
+    };
+    EXPECT_EQ(acDocManager->curDocument(), &third);
+    EXPECT_EQ(acDocManager->activateDocument(&first), Acad::eOk);
+    EXPECT_EQ(acDocManager->mdiActiveDocument(), &second);
+    EXPECT_EQ(events.events, (Events{L"toBeDeactivated Drawing3.dwg", L"toBeActivated Drawing1.dwg",
+                                     L"becameCurrent Drawing1.dwg", L"toBeDeactivated Drawing1.dwg",
+                                     L"toBeActivated Drawing2.dwg", L"becameCurrent Drawing2.dwg",
+                                     L"activated Drawing2.dwg"}));
+}
+
+// --- What comes while a document is torn down.
+
+TEST_F(DocumentEventsTest, DocumentToBeDestroyed_IsStillWhole) {
+    host::Document& document = ADocument();
+    DocumentEvents events;
+    Acad::ErrorStatus withoutLock = Acad::eOk;
+    Acad::ErrorStatus locked = Acad::eOk;
+    Acad::ErrorStatus withLock = Acad::eNotImplementedYet;
+    events.on[L"toBeDestroyed"] = [&](AcApDocument* dying) {
+        withoutLock = TryWrite(document);
+        locked = acDocManager->lockDocument(dying);
+        withLock = TryWrite(document);
+        acDocManager->unlockDocument(dying);
+    };
+    EXPECT_EQ(acDocManager->closeDocument(&document), Acad::eOk);
+    EXPECT_EQ(withoutLock, Acad::eLockViolation);
+    EXPECT_EQ(locked, Acad::eOk);
+    EXPECT_EQ(withLock, Acad::eOk);
+}
+
+TEST_F(DocumentEventsTest, DocumentToBeDestroyed_CannotBeReplacedYet) {
+    host::Document& other = ADocument();
+    host::Document& document = ADocument();
+    DocumentEvents events;
+    std::vector<Acad::ErrorStatus> results;
+    events.on[L"toBeDestroyed"] = [&](AcApDocument* dying) {
+        results = {acDocManager->appContextNewDocument(nullptr), acDocManager->closeDocument(dying),
+                   acDocManager->closeDocument(&other), acDocManager->setCurDocument(&other),
+                   acDocManager->activateDocument(&other)};
+    };
+    EXPECT_EQ(acDocManager->closeDocument(&document), Acad::eOk);
+    EXPECT_EQ(results, std::vector<Acad::ErrorStatus>(5, Acad::eInvalidContext));
+    EXPECT_EQ(acDocManager->curDocument(), &other);
+}
+
+TEST_F(DocumentEventsTest, TextSentToADyingDocument_IsNeverRun) {
+    host::Document& other = ADocument();
+    host::Document& document = ADocument();
+    DocumentEvents events;
+    Acad::ErrorStatus whileDying = Acad::eNotImplementedYet;
+    Acad::ErrorStatus whenGone = Acad::eOk;
+    events.on[L"toBeDestroyed"] = [&](AcApDocument* dying) {
+        whileDying = acDocManager->sendStringToExecute(dying, L"(princ \"never\")\n");
+    };
+    events.onDestroyed = [&] { whenGone = acDocManager->sendStringToExecute(&document, L"x\n"); };
+    EXPECT_EQ(acDocManager->closeDocument(&document), Acad::eOk);
+    EXPECT_EQ(whileDying, Acad::eOk);
+    EXPECT_EQ(whenGone, Acad::eNoDocument);
+    m_surface.transcript.clear();
+    m_host->RunQueuedInput();
+    EXPECT_EQ(m_surface.transcript, L"");
+    EXPECT_EQ(acDocManager->curDocument(), &other);
+}
+
+TEST_F(DocumentEventsTest, TextSentToAnotherWhileOneIsTornDown_RunsInThatOneAfterwards) {
+    host::Document& other = ADocument();
+    host::Document& document = ADocument();
+    DocumentEvents events;
+    events.onDestroyed = [&] {
+        acDocManager->sendStringToExecute(&other, L"(princ (getvar \"DWGNAME\"))\n");
+    };
+    m_surface.transcript.clear();
+    EXPECT_EQ(acDocManager->closeDocument(&document), Acad::eOk);
+    EXPECT_EQ(m_surface.transcript.find(L"Drawing1.dwg"), std::wstring::npos);
+    EXPECT_TRUE(m_host->RunQueuedInput());
+    EXPECT_NE(m_surface.transcript.find(L"Drawing1.dwg"), std::wstring::npos);
+}
+
+TEST_F(DocumentEventsTest, VariablesWhileTheLastDocumentIsTornDown_AreThoseOfTheSessionOnly) {
+    host::Document& document = ADocument();
+    DocumentEvents events;
+    std::wstring whileDying, whenGone, session;
+    int setWhenGone = RTNORM;
+    events.on[L"toBeDestroyed"] = [&](AcApDocument*) { whileDying = Variable(L"SNAPISOPAIR"); };
+    events.onDestroyed = [&] {
+        whenGone = Variable(L"SNAPISOPAIR");
+        session = Variable(L"WSCURRENT");
+        setWhenGone = SetShort(L"SNAPISOPAIR", 1);
+    };
+    EXPECT_EQ(acDocManager->closeDocument(&document), Acad::eOk);
+    EXPECT_EQ(whileDying, L"0");
+    EXPECT_EQ(whenGone, L"unknown");
+    EXPECT_EQ(session, L"Drafting & Annotation");
+    EXPECT_EQ(setWhenGone, RTERROR);
+}
+
+TEST_F(DocumentEventsTest, DestroyedDocument_IsPassedOverByEveryQuestion) {
+    host::Document& other = ADocument();
+    host::Document& document = ADocument();
+    const AcDbDatabase* database = document.database();
+    DocumentEvents events;
+    int asked = 0;
+    events.onDestroyed = [&] {
+        ++asked;
+        EXPECT_EQ(Walk(), 1);
+        EXPECT_EQ(acDocManager->document(database), nullptr);
+        EXPECT_EQ(acDocManager->document(other.database()), &other);
+        EXPECT_EQ(acDocManager->lockDocument(&document), Acad::eNoDocument);
+        EXPECT_EQ(acDocManager->unlockDocument(&document), Acad::eNoDocument);
+        EXPECT_EQ(acDocManager->lockDocument(&other), Acad::eOk);
+        EXPECT_EQ(acDocManager->unlockDocument(&other), Acad::eOk);
+    };
+    EXPECT_EQ(acDocManager->closeDocument(&document), Acad::eOk);
+    EXPECT_EQ(asked, 1);
+}
+
+TEST_F(DocumentEventsTest, HostThatEnds_TearsDownEachDocumentInTurn) {
+    ADrawing(L"C:\\P\\a.dwg");
+    ADocument();
+    std::vector<std::wstring> told;
+    {
+        DocumentEvents events;
+        events.onDestroyed = [&] { told = events.events; };
+        m_host.reset();
+    }
+    EXPECT_EQ(told, (Events{L"toBeDeactivated Drawing1.dwg", L"toBeDestroyed Drawing1.dwg",
+                            L"destroyed Drawing1.dwg count 2", L"toBeActivated a.dwg", L"becameCurrent a.dwg",
+                            L"activated a.dwg", L"toBeDeactivated a.dwg", L"toBeDestroyed a.dwg",
+                            L"destroyed C:\\P\\a.dwg count 1"}));
+}
+
+// --- Saving where another document is.
+
+TEST_F(DocumentEventsTest, SaveAs_OntoTheFileOfAnOpenDocument_IsRefused) {
+    ADrawing(L"C:\\P\\a.dwg", L"5");
+    host::Document& document = ADrawing(L"C:\\P\\b.dwg", L"1");
+    EXPECT_EQ(Documents().SaveAs(document, L"c:/p/A.dwg"), Acad::eFileSharingViolation);
+    EXPECT_EQ(m_files.texts[L"C:\\P\\a.dwg"], L"5");
+    EXPECT_STREQ(document.docTitle(), L"b.dwg");
+}
+
+TEST_F(DocumentEventsTest, SaveAs_OfAReadOnlyDocument_NeedsAnotherFile) {
+    m_files.texts[L"C:\\P\\a.dwg"] = L"1";
+    ASSERT_EQ(Documents().Open(L"C:\\P\\a.dwg", true), Acad::eOk);
+    host::Document& document = *Documents().Current();
+    EXPECT_EQ(Documents().SaveAs(document, L"C:\\P\\A.DWG"), Acad::eIsWriteProtected);
+    EXPECT_EQ(Documents().SaveAs(document, L"C:\\P\\b.dwg"), Acad::eOk);
+    EXPECT_FALSE(document.isReadOnly());
+    EXPECT_EQ(Variable(L"WRITESTAT"), L"1");
+}
+
+TEST_F(DocumentEventsTest, SaveAs_TheNumberOfUntitledDrawingsGoesOn) {
+    host::Document& document = ADocument();
+    EXPECT_EQ(Documents().SaveAs(document, L"C:\\P\\a.dwg"), Acad::eOk);
+    EXPECT_STREQ(ADocument().docTitle(), L"Drawing2.dwg");
+}
+
+}  // namespace
+}  // namespace workbench::test
