@@ -85,7 +85,14 @@ END_EVENTSINK_MAP()
 CMenuPaletteChildDlg::CMenuPaletteChildDlg(CWnd* pParent) : CAcUiDialog(IDD_PALETTE_CHILD, pParent) {}
 
 CMenuPaletteChildDlg::~CMenuPaletteChildDlg() {
-    if (m_hAcadWnd) RemoveWindowHandle(HandleNumber(m_hAcadWnd), kToolboxMenuValue);
+    if (!m_hAcadWnd) return;
+    // A clock without a month must not end the host on its way out. The entry is left to a later sweep.
+    try {
+        RemoveWindowHandle(HandleNumber(m_hAcadWnd), kToolboxMenuValue);
+    } catch (CException* pException) {
+        pException->Delete();
+    } catch (const std::exception&) {
+    }
 }
 
 void CMenuPaletteChildDlg::DoDataExchange(CDataExchange* pDX) {
@@ -241,12 +248,15 @@ void CMenuPaletteChildDlg::SetComboList(int i, const std::vector<std::wstring>& 
     if (!pCombo) return;
     pCombo->SetRedraw(FALSE);
     pCombo->ResetContent();
-    const size_t nReadable = std::min(astrNames.size(), anIds.size());
-    for (size_t nItem = 0; nItem < nReadable; ++nItem)
-        pCombo->SetItemData(pCombo->AddString(astrNames[nItem].c_str()), anIds[nItem]);
+    bool bComplete = true;
+    for (size_t nItem = 0; nItem < astrNames.size() && bComplete; ++nItem) {
+        const int nIndex = pCombo->AddString(astrNames[nItem].c_str());
+        bComplete = nItem < anIds.size();
+        if (bComplete) pCombo->SetItemData(nIndex, anIds[nItem]);
+    }
     pCombo->SetRedraw(TRUE);
     pCombo->Invalidate();
-    if (nReadable < astrNames.size()) AfxThrowInvalidArgException();
+    if (!bComplete) AfxThrowInvalidArgException();
 }
 
 void CMenuPaletteChildDlg::SelectComboIndex(int i, int nIndex) {

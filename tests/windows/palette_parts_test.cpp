@@ -128,7 +128,8 @@ TEST_F(PaletteParts, List_ReplacesTheItemsWithTheirNumbers) {
 
 TEST_F(PaletteParts, ListWithTooFewNumbers_IsARangeError) {
     CMenuPaletteChildDlg& dialog = m_palette->Make(kAppPid);
-    EXPECT_ANY_THROW(dialog.SetComboList(0, {L"a", L"b"}, {5}));
+    EXPECT_ANY_THROW(dialog.SetComboList(0, {L"a", L"b", L"c"}, {5}));
+    EXPECT_THAT(Items(*dialog.GetComboByIndex(0)), ElementsAre(L"a", L"b")) << "as far as it came";
     dialog.SetComboList(0, {L"c"}, {1});
     EXPECT_THAT(Items(*dialog.GetComboByIndex(0)), ElementsAre(L"c"));
 }
@@ -195,6 +196,14 @@ TEST_F(PaletteParts, SessionThatCrossesAMonth_LosesItsEntryToTheSweep) {
     CMenuPaletteSet::Destroy();
     EXPECT_THAT(Subkeys(kHandles), ElementsAre(L"202612"));
     EXPECT_THAT(Subkeys(kHandles + L"202612"), ElementsAre(L"77")) << "another session's";
+}
+
+TEST_F(PaletteParts, ClockWithoutAMonth_DoesNotEndTheProgram) {
+    m_palette->Make(kAppPid);
+    SetNow({1969, 5, 1, 12, 0, 0});
+    CMenuPaletteSet::Destroy();
+    EXPECT_EQ(CMenuPalette::GetPalette(), nullptr);
+    EXPECT_THAT(Subkeys(kHandles), ElementsAre(L"202611"));
 }
 
 TEST_F(PaletteParts, SessionOfTheNextYear_SweepsTheOldYear) {

@@ -283,9 +283,8 @@ bool AcDbObject::isModified() const {
 
 resbuf* AcDbObject::xData(const ACHAR* applicationName) const {
     AssertRead(*this);
-    return applicationName == nullptr
-               ? ListFromItems(mpImpObject->xdata, database())
-               : ListOfApplication(mpImpObject->xdata, applicationName, database());
+    return applicationName == nullptr ? ListFromItems(mpImpObject->xdata, database())
+                                      : ListOfApplication(mpImpObject->xdata, applicationName, database());
 }
 
 Acad::ErrorStatus AcDbObject::setXData(const resbuf* list) {
