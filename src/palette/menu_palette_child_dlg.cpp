@@ -2,6 +2,8 @@
 
 #include <afxdisp.h>
 
+#include <algorithm>
+
 #include "acdocman.h"
 #include "aduiMessage.h"
 #include "palette/isoplane.h"
@@ -256,6 +258,7 @@ void CMenuPaletteChildDlg::SetComboList(int i, const std::vector<std::wstring>& 
     }
     pCombo->SetRedraw(TRUE);
     pCombo->Invalidate();
+    m_aanListData[static_cast<size_t>(i)] = anIds;
     if (!bComplete) AfxThrowInvalidArgException();
 }
 
@@ -263,15 +266,15 @@ void CMenuPaletteChildDlg::SelectComboIndex(int i, int nIndex) {
     if (CComboBox* pCombo = GetComboByIndex(i)) pCombo->SetCurSel(nIndex);
 }
 
+// Asking the combo for each item's number would take most of the time that a change of drawing costs, so the
+// numbers are looked for in the list that it was filled from.
 void CMenuPaletteChildDlg::SelectComboByData(int i, int nData) {
     CComboBox* pCombo = GetComboByIndex(i);
-    const int nCount = pCombo ? pCombo->GetCount() : 0;
-    for (int nItem = 0; nItem < nCount; ++nItem) {
-        if (static_cast<int>(pCombo->GetItemData(nItem)) == nData) {
-            pCombo->SetCurSel(nItem);
-            return;
-        }
-    }
+    if (!pCombo) return;
+    const std::vector<int>& anData = m_aanListData[static_cast<size_t>(i)];
+    const auto it = std::find(anData.begin(), anData.end(), nData);
+    const auto nItem = static_cast<int>(it - anData.begin());
+    if (it != anData.end() && nItem < pCombo->GetCount()) pCombo->SetCurSel(nItem);
 }
 
 int CMenuPaletteChildDlg::SelectComboByText(int i, const std::wstring& strText) {
