@@ -16,6 +16,7 @@
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
+#include "document/block_name_test.h"
 #include "document/distinct_texts.h"
 #include "platform/letter_case.h"
 #include "platform/platform.h"
@@ -71,6 +72,19 @@ AcDbDatabase* FindOpenDatabase(const std::wstring& strPath) {
     return nullptr;
 }
 
+// The attribute LIN_NUM of a tagged block; a block without it leaves `lineNumber` alone.
+void ReadLineNumber(const AcDbBlockReference& reference, std::wstring& lineNumber) {
+    std::unique_ptr<AcDbObjectIterator> pAttributes(reference.attributeIterator());
+    for (; pAttributes && !pAttributes->done(); pAttributes->step()) {
+        AcDbObjectPointer<AcDbAttribute> pAttribute(pAttributes->objectId(), AcDb::kForRead);
+        if (pAttribute.openStatus() != Acad::eOk || TakeHostText(pAttribute->tag()) != kLineNumberTag)
+            continue;
+        lineNumber = Trimmed(TakeHostText(pAttribute->textString()));
+        if (lineNumber == kNoLineNumber) lineNumber.clear();
+        break;
+    }
+}
+
 Acad::ErrorStatus CollectFromModelSpace(std::vector<std::wstring>& out, AcDbDatabase* pDatabase) {
     std::unique_ptr<AcDbBlockTableRecordIterator> pEntities;
     {
@@ -82,11 +96,16 @@ Acad::ErrorStatus CollectFromModelSpace(std::vector<std::wstring>& out, AcDbData
         pEntities.reset(pIterator);
     }
     CDistinctTexts lines(out);
+    CBlockNameTest taggedBlocks(IsTaggedBlockName);
     for (; !pEntities->done(); pEntities->step()) {
         AcDbObjectId id;
         if (pEntities->getEntityId(id) != Acad::eOk) continue;
+        AcDbObjectPointer<AcDbBlockReference> pReference(id, AcDb::kForRead);
+        if (pReference.openStatus() != Acad::eOk || !taggedBlocks.Passes(pReference->blockTableRecord()))
+            continue;
         std::wstring strLine;
-        if (GetLineNumberOfBlock(id, strLine)) lines.Add(std::move(strLine));
+        ReadLineNumber(*pReference, strLine);
+        lines.Add(std::move(strLine));
     }
     return Acad::eOk;
 }
@@ -139,15 +158,7 @@ bool GetLineNumberOfBlock(const AcDbObjectId& id, std::wstring& lineNumber) {
     if (!IsTaggedBlockName(GetBlockNameOfEntity(id))) return false;
     AcDbObjectPointer<AcDbBlockReference> pReference(id, AcDb::kForRead);
     if (pReference.openStatus() != Acad::eOk) return false;
-    std::unique_ptr<AcDbObjectIterator> pAttributes(pReference->attributeIterator());
-    for (; pAttributes && !pAttributes->done(); pAttributes->step()) {
-        AcDbObjectPointer<AcDbAttribute> pAttribute(pAttributes->objectId(), AcDb::kForRead);
-        if (pAttribute.openStatus() != Acad::eOk || TakeHostText(pAttribute->tag()) != kLineNumberTag)
-            continue;
-        lineNumber = Trimmed(TakeHostText(pAttribute->textString()));
-        if (lineNumber == kNoLineNumber) lineNumber.clear();
-        break;
-    }
+    ReadLineNumber(*pReference, lineNumber);
     return true;
 }
 

@@ -1,6 +1,5 @@
 #include "palette/drawing_lines.h"
 
-#include <map>
 #include <memory>
 #include <unordered_set>
 
@@ -9,6 +8,7 @@
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
+#include "document/block_name_test.h"
 #include "document/doc_xdata.h"
 #include "document/drawing_queries.h"
 #include "palette/element_xdata.h"
@@ -20,22 +20,9 @@ struct ResbufDeleter {
 };
 using ResbufList = std::unique_ptr<resbuf, ResbufDeleter>;
 
-// Answers for each block record once: thousands of elements share a handful of them.
-class CPipingBlocks {
-  public:
-    bool Contains(const AcDbObjectId& recordId) {
-        const auto [it, bNew] = m_known.try_emplace(recordId, false);
-        if (bNew) it->second = IsPipingElementBlock(GetBlockNameOfEntity(recordId));
-        return it->second;
-    }
-
-  private:
-    std::map<AcDbObjectId, bool> m_known;
-};
-
-int GetLineIdOfElement(const AcDbObjectId& entityId, CPipingBlocks& pipingBlocks) {
+int GetLineIdOfElement(const AcDbObjectId& entityId, CBlockNameTest& pipingBlocks) {
     AcDbObjectPointer<AcDbBlockReference> pReference(entityId, AcDb::kForRead);
-    if (pReference.openStatus() != Acad::eOk || !pipingBlocks.Contains(pReference->blockTableRecord()))
+    if (pReference.openStatus() != Acad::eOk || !pipingBlocks.Passes(pReference->blockTableRecord()))
         return 0;
     const ResbufList pItems(pReference->xData(kDocXDataAppName));
     return ReadElementXData(pItems.get()).m_nLineId;
@@ -52,7 +39,7 @@ void CollectUsedLineIds(AcDbDatabase* pDatabase, std::vector<int>& out) {
         if (pModelSpace.openStatus() != Acad::eOk || pModelSpace->newIterator(pIterator) != Acad::eOk) return;
         pEntities.reset(pIterator);
     }
-    CPipingBlocks pipingBlocks;
+    CBlockNameTest pipingBlocks(IsPipingElementBlock);
     std::unordered_set<int> known;
     for (; !pEntities->done(); pEntities->step()) {
         AcDbObjectId entityId;

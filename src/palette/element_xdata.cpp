@@ -35,9 +35,10 @@ class CItemCursor {
         if (pItem) nValue = pItem->resval.rint;
         return pItem;
     }
-    bool TakeText(std::wstring& strValue) {
+    // The text is the item's own, and never null.
+    bool TakeText(const wchar_t*& szValue) {
         const resbuf* pItem = Take(kTextCode);
-        if (pItem) strValue = pItem->resval.rstring ? pItem->resval.rstring : L"";
+        if (pItem) szValue = pItem->resval.rstring ? pItem->resval.rstring : L"";
         return pItem;
     }
 
@@ -58,15 +59,16 @@ CElementXData ReadElementXData(const resbuf* pItems) {
     CElementXData data;
     CItemCursor cursor(pItems);
     cursor.Skip(kApplicationCode);
-    std::wstring strWord;
+    const wchar_t* szWord = L"";
     if (!cursor.TakeLong(data.m_nElement) || !cursor.TakeShort(data.m_nShort1) ||
-        !cursor.TakeShort(data.m_nShort2) || !cursor.TakeText(strWord))
+        !cursor.TakeShort(data.m_nShort2) || !cursor.TakeText(szWord))
         return data;
-    const size_t nLength = std::min(strWord.size(), data.m_aBlockWord.size());
-    std::transform(strWord.begin(), strWord.begin() + static_cast<std::ptrdiff_t>(nLength),
-                   data.m_aBlockWord.begin(), [](wchar_t ch) { return static_cast<std::uint8_t>(ch); });
+    for (size_t i = 0; i < data.m_aBlockWord.size() && szWord[i]; ++i)
+        data.m_aBlockWord[i] = static_cast<std::uint8_t>(szWord[i]);
     if (!cursor.TakeLong(data.m_nField) || !cursor.TakeLong(data.m_nLineId)) return data;
-    if (cursor.TakeShort(data.m_nVersion) && data.m_nVersion >= kTextVersion) cursor.TakeText(data.m_strText);
+    const wchar_t* szText = L"";
+    if (cursor.TakeShort(data.m_nVersion) && data.m_nVersion >= kTextVersion && cursor.TakeText(szText))
+        data.m_strText = szText;
     return data;
 }
 

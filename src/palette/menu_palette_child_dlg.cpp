@@ -2,6 +2,8 @@
 
 #include <afxdisp.h>
 
+#include <algorithm>
+
 #include "acdocman.h"
 #include "aduiMessage.h"
 #include "palette/isoplane.h"
@@ -85,7 +87,14 @@ END_EVENTSINK_MAP()
 CMenuPaletteChildDlg::CMenuPaletteChildDlg(CWnd* pParent) : CAcUiDialog(IDD_PALETTE_CHILD, pParent) {}
 
 CMenuPaletteChildDlg::~CMenuPaletteChildDlg() {
-    if (m_hAcadWnd) RemoveWindowHandle(HandleNumber(m_hAcadWnd), kToolboxMenuValue);
+    if (!m_hAcadWnd) return;
+    // A clock without a month must not end the host on its way out. The entry is left to a later sweep.
+    try {
+        RemoveWindowHandle(HandleNumber(m_hAcadWnd), kToolboxMenuValue);
+    } catch (CException* pException) {
+        pException->Delete();
+    } catch (const std::exception&) {
+    }
 }
 
 void CMenuPaletteChildDlg::DoDataExchange(CDataExchange* pDX) {
@@ -241,27 +250,31 @@ void CMenuPaletteChildDlg::SetComboList(int i, const std::vector<std::wstring>& 
     if (!pCombo) return;
     pCombo->SetRedraw(FALSE);
     pCombo->ResetContent();
-    const size_t nReadable = std::min(astrNames.size(), anIds.size());
-    for (size_t nItem = 0; nItem < nReadable; ++nItem)
-        pCombo->SetItemData(pCombo->AddString(astrNames[nItem].c_str()), anIds[nItem]);
+    bool bComplete = true;
+    for (size_t nItem = 0; nItem < astrNames.size() && bComplete; ++nItem) {
+        const int nIndex = pCombo->AddString(astrNames[nItem].c_str());
+        bComplete = nItem < anIds.size();
+        if (bComplete) pCombo->SetItemData(nIndex, anIds[nItem]);
+    }
     pCombo->SetRedraw(TRUE);
     pCombo->Invalidate();
-    if (nReadable < astrNames.size()) AfxThrowInvalidArgException();
+    m_aanListData[static_cast<size_t>(i)] = anIds;
+    if (!bComplete) AfxThrowInvalidArgException();
 }
 
 void CMenuPaletteChildDlg::SelectComboIndex(int i, int nIndex) {
     if (CComboBox* pCombo = GetComboByIndex(i)) pCombo->SetCurSel(nIndex);
 }
 
+// Asking the combo for each item's number would take most of the time that a change of drawing costs, so the
+// numbers are looked for in the list that it was filled from.
 void CMenuPaletteChildDlg::SelectComboByData(int i, int nData) {
     CComboBox* pCombo = GetComboByIndex(i);
-    const int nCount = pCombo ? pCombo->GetCount() : 0;
-    for (int nItem = 0; nItem < nCount; ++nItem) {
-        if (static_cast<int>(pCombo->GetItemData(nItem)) == nData) {
-            pCombo->SetCurSel(nItem);
-            return;
-        }
-    }
+    if (!pCombo) return;
+    const std::vector<int>& anData = m_aanListData[static_cast<size_t>(i)];
+    const auto it = std::find(anData.begin(), anData.end(), nData);
+    const auto nItem = static_cast<int>(it - anData.begin());
+    if (it != anData.end() && nItem < pCombo->GetCount()) pCombo->SetCurSel(nItem);
 }
 
 int CMenuPaletteChildDlg::SelectComboByText(int i, const std::wstring& strText) {

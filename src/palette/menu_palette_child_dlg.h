@@ -124,6 +124,7 @@ class CMenuPaletteChildDlg final : public CAcUiDialog, public CPaletteLink {
     CButtonST m_btnNewLine;
     std::array<CComboBox, kComboCount> m_aCombo;
     std::array<CStatic, kComboCount> m_aTitle;
+    std::array<std::vector<int>, kComboCount> m_aanListData;  // the items' numbers, as SetComboList set them
     CFont m_fontLarge;
 
     std::wstring m_strMenuCurrent;

@@ -41,6 +41,8 @@ void KnowThumbnailControl() {
     platform::Registry& registry = platform::GetRegistry();
     registry.WriteString(Hive::kClassesRoot, L"AUTOCAD.DwgThumbnailCtrl.4\\CLSID", L"", classId);
     registry.WriteString(Hive::kClassesRoot, L"CLSID\\" + classId, L"", description);
+    registry.WriteString(Hive::kLocalMachine, L"Software\\Classes\\AUTOCAD.DwgThumbnailCtrl.4\\CLSID", L"",
+                         classId);
     registry.WriteString(Hive::kLocalMachine, L"Software\\Classes\\CLSID\\" + classId, L"", description);
     registry.WriteString(Hive::kClassesRoot,
                          L"Wow6432Node\\TypeLib\\{77529779-442F-43F2-9932-A4876EB56D8D}\\1.0", L"", L"known");

@@ -136,7 +136,8 @@ void MenuControl::SetEnabled(bool enabled) {
     m_enabled = enabled;
     if (!m_window) return;
     EnableWindow(m_window, enabled);
-    InvalidateRect(m_window, nullptr, FALSE);
+    // The scroll bar's arrows show the state too.
+    RedrawWindow(m_window, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
 }
 
 void MenuControl::SetIconSize(int size) {

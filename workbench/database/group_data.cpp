@@ -1,6 +1,8 @@
 #include "group_data.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace workbench::database {
 namespace {
@@ -59,6 +61,7 @@ struct CodeRange {
     AcDb::DwgDataType type;
 };
 
+// From the lowest to the highest.
 constexpr CodeRange kCodeRanges[] = {
     {0, 4, AcDb::kDwgText},
     {5, 5, AcDb::kDwgHandle},
@@ -158,10 +161,8 @@ Acad::ErrorStatus CheckXData(const DataItems& items) {
 }  // namespace workbench::database
 
 AcDb::DwgDataType acdbGroupCodeToType(int code) {
-    for (const auto& range : workbench::database::kCodeRanges) {
-        if (code >= range.first && code <= range.last) {
-            return range.type;
-        }
-    }
-    return AcDb::kDwgNotRecognized;
+    using namespace workbench::database;
+    const auto* range = std::partition_point(std::begin(kCodeRanges), std::end(kCodeRanges),
+                                             [code](const CodeRange& each) { return each.last < code; });
+    return range != std::end(kCodeRanges) && code >= range->first ? range->type : AcDb::kDwgNotRecognized;
 }

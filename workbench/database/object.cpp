@@ -47,20 +47,6 @@ void Open(AcDbStub& stub, AcDb::OpenMode mode) {
 }
 
 // The items of one application, its name included.
-DataItems ItemsOfApplication(const DataItems& items, const std::wstring& name) {
-    DataItems found;
-    bool inside = false;
-    for (const DataItem& item : items) {
-        if (item.code == kApplicationNameCode) {
-            inside = UpperCase(std::get<std::wstring>(item.value)) == UpperCase(name);
-        }
-        if (inside) {
-            found.push_back(item);
-        }
-    }
-    return found;
-}
-
 // Splits items at their application names.
 std::vector<DataItems> SplitByApplication(const DataItems& items) {
     std::vector<DataItems> parts;
@@ -297,9 +283,8 @@ bool AcDbObject::isModified() const {
 
 resbuf* AcDbObject::xData(const ACHAR* applicationName) const {
     AssertRead(*this);
-    return applicationName == nullptr
-               ? ListFromItems(mpImpObject->xdata, database())
-               : ListFromItems(ItemsOfApplication(mpImpObject->xdata, applicationName), database());
+    return applicationName == nullptr ? ListFromItems(mpImpObject->xdata, database())
+                                      : ListOfApplication(mpImpObject->xdata, applicationName, database());
 }
 
 Acad::ErrorStatus AcDbObject::setXData(const resbuf* list) {

@@ -6,20 +6,20 @@
 #include <cstring>
 #include <cwchar>
 #include <limits>
-#include <unordered_set>
 #include <utility>
 
 #include "adscodes.h"
 #include "database_data.h"
 #include "fatal.h"
+#include "item_pool.h"
 #include "services.h"
 
 namespace workbench::database {
 namespace {
 
 // Every item that was handed out and not freed. Never destroyed: modules free their lists while they end.
-std::unordered_set<const resbuf*>& LiveItems() {
-    static auto& items = *new std::unordered_set<const resbuf*>;
+ItemPool& LiveItems() {
+    static auto& items = *new ItemPool;
     return items;
 }
 
@@ -299,6 +299,22 @@ resbuf* ListFromItems(const DataItems& items, const AcDbDatabase* database) {
     return list.Take();
 }
 
+resbuf* ListOfApplication(const DataItems& items, const std::wstring& name, const AcDbDatabase* database) {
+    ListBuilder list;
+    bool inside = false;
+    for (const DataItem& item : items) {
+        if (item.code == kApplicationNameCode) {
+            const auto& found = std::get<std::wstring>(item.value);
+            // Nearly always they are written alike.
+            inside = found == name || UpperCase(found) == UpperCase(name);
+        }
+        if (inside) {
+            StoreItem(item, database, list.Append(item.code));
+        }
+    }
+    return list.Take();
+}
+
 Acad::ErrorStatus ItemsFromList(const resbuf* list, DataItems& items) {
     items.clear();
     for (const resbuf* at = list; at != nullptr; at = at->rbnext) {
@@ -345,7 +361,7 @@ std::wstring HandleText(std::uint64_t value) {
 }
 
 long LiveResultBuffers() {
-    return static_cast<long>(LiveItems().size());
+    return LiveItems().Count();
 }
 
 }  // namespace workbench::database
@@ -363,16 +379,15 @@ void acutDelString(ACHAR*& text) {
 }
 
 resbuf* acutNewRb(int type) {
-    auto* item = static_cast<resbuf*>(std::calloc(1, sizeof(resbuf)));
+    resbuf* item = LiveItems().Take();
     item->restype = static_cast<short>(type);
-    LiveItems().insert(item);
     return item;
 }
 
 int acutRelRb(resbuf* list) {
     LentList::OnRelease(list);
     while (list != nullptr) {
-        if (LiveItems().erase(list) == 0) {
+        if (!LiveItems().Contains(list)) {
             Fatal(L"acutRelRb: an item was freed twice, or is none of the host's");
         }
         resbuf* item = std::exchange(list, list->rbnext);
@@ -382,7 +397,7 @@ int acutRelRb(resbuf* list) {
         } else if (held == Held::kBinary) {
             std::free(item->resval.rbinary.buf);
         }
-        std::free(item);
+        LiveItems().GiveBack(item);
     }
     return RTNORM;
 }

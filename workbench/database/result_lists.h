@@ -45,6 +45,8 @@ class LentList {
 
 // Handles become ids of `database` where the code says so; 0 for one that it does not have.
 resbuf* ListFromItems(const DataItems& items, const AcDbDatabase* database);
+// Only the items of the application with that name, in any letter case.
+resbuf* ListOfApplication(const DataItems& items, const std::wstring& name, const AcDbDatabase* database);
 
 // eInvalidResBuf for a code that no item can have, a string that is missing, an id that is none.
 Acad::ErrorStatus ItemsFromList(const resbuf* list, DataItems& items);

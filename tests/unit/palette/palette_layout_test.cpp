@@ -26,7 +26,101 @@ CPaletteLayoutInput Discipline(int nApp, int nWidth, int nHeight, int nMenuSize)
     return input;
 }
 
+// The arithmetic once more, as one walk from the top down with running edges, to compare every rectangle
+// with.
+CPaletteLayout WalkedLayout(const CPaletteLayoutInput& in) {
+    CPaletteLayout out;
+    const int nLimitedSize = in.nMenuSize > 32 ? 32 : in.nMenuSize;
+    const int nTop = nLimitedSize >= 32 ? 55 : 30;
+    const int nRight = in.nWidth - 10;
+    const int nButton = in.nWidth - 15;
+    out.szDrawingManagerText = nButton < 70    ? L"Dwg Mgr"
+                               : nButton < 150 ? L"Drawing Mgr"
+                                               : L"Drawing Manager";
+    out.drawingManager = {5, 5, 5 + nButton, 31};
+    const int nRow = in.nMenuSize == 16 ? 62 : 77;
+    const int nRows = nRow * in.nComboCount;
+    const int nIso = in.bIsoButton ? 68 : 0;
+    int nMenu = 0;
+    if (in.bMenuLoaded) {
+        int nBottom = in.nHeight - 10;
+        if (nIso != 0) nBottom -= 5 + nIso;
+        if (nRows != 0) nBottom -= 5 + nRows;
+        nMenu = nBottom - nTop;
+        out.menu = CPixelRect{5, nTop, 5 + (in.nWidth - 10) - 5, nTop + nMenu};
+    }
+    if (in.bIsoButton) {
+        int y = nTop;
+        if (nMenu != 0) y += nMenu + 5;
+        int nLeft = 5, nIsoRight = nRight;
+        if (nIsoRight - nLeft > 68) {
+            const int nShrink = (nIsoRight - nLeft - 68) / 2;
+            nLeft += nShrink;
+            nIsoRight -= nShrink;
+        }
+        out.isoButton = CPixelRect{nLeft, y, nIsoRight, y + 68};
+    }
+    if (in.nComboCount == 0) return out;
+    int y = nTop;
+    if (nMenu != 0) y += 5 + nMenu;
+    if (nIso != 0) y += 5 + nIso;
+    const int nTitle = in.nMenuSize == 16 ? 25 : 40;
+    const int nSmall = nLimitedSize >= 32 ? 60 : 30;
+    CPixelRect last{};
+    for (int i = 0; i < in.nComboCount; ++i, y += nRow) {
+        CPixelRect title{5, y, nRight, y + nTitle};
+        if (i == 2 && (in.bSwapButton || in.nNewLineRow >= 3)) title.right -= 4 + nSmall;
+        if (i == 3 && in.nNewLineRow >= 3) title.right -= 4 + nSmall;
+        last = title;
+        out.rows.push_back({title, {5, y + nTitle, nRight, y + nRow}});
+        const CPixelRect beside{title.left > title.right ? title.left : title.right, title.top + 1,
+                                title.right + 4 + nSmall, title.bottom - 1};
+        if (i == 2 && in.bSwapButton) out.swapButton = beside;
+    }
+    if (in.nNewLineRow >= 3)
+        out.newLineButton = CPixelRect{last.left > last.right ? last.left : last.right, last.top + 1,
+                                       last.right + 4 + nSmall, last.bottom - 1};
+    return out;
+}
+
+void ExpectSame(const CPaletteLayout& is, const CPaletteLayout& should) {
+    ASSERT_STREQ(is.szDrawingManagerText, should.szDrawingManagerText);
+    ASSERT_EQ(is.drawingManager, should.drawingManager);
+    ASSERT_EQ(is.menu, should.menu);
+    ASSERT_EQ(is.isoButton, should.isoButton);
+    ASSERT_EQ(is.swapButton, should.swapButton);
+    ASSERT_EQ(is.newLineButton, should.newLineButton);
+    ASSERT_EQ(is.rows.size(), should.rows.size());
+    for (size_t i = 0; i < is.rows.size(); ++i) {
+        ASSERT_EQ(is.rows[i].title, should.rows[i].title) << i;
+        ASSERT_EQ(is.rows[i].combo, should.rows[i].combo) << i;
+    }
+}
+
 }  // namespace
+
+TEST(PaletteLayout, EveryRectangle_AtEveryWidthAndMenuSize) {
+    for (int nApp = 1; nApp <= 4; ++nApp) {
+        for (int nMenuSize : {0, 16, 24, 32, 48}) {
+            for (bool bLoaded : {true, false}) {
+                for (int nWidth = 1; nWidth <= 2000; ++nWidth) {
+                    // Short palettes too, where the menu gets no height or less than none.
+                    CPaletteLayoutInput input = Discipline(nApp, nWidth, 40 + nWidth * 7 % 1100, nMenuSize);
+                    input.bMenuLoaded = bLoaded;
+                    ASSERT_NO_FATAL_FAILURE(ExpectSame(ArrangePalette(input), WalkedLayout(input)))
+                        << nApp << ' ' << nMenuSize << ' ' << nWidth;
+                }
+            }
+        }
+    }
+}
+
+TEST(PaletteLayout, MenuOfNoHeight_NeedsNoGap) {
+    CPaletteLayoutInput input = Discipline(1, 125, 30 + 10 + 5 + 62, 16);
+    const CPaletteLayout layout = ArrangePalette(input);
+    EXPECT_EQ(layout.menu->Height(), 0);
+    EXPECT_EQ(layout.rows[0].title.top, 30);
+}
 
 TEST(PaletteLayout, DrawingManagerText_FollowsTheWidth) {
     EXPECT_STREQ(ArrangePalette(Discipline(2, 84, 400, 16)).szDrawingManagerText, L"Dwg Mgr");
