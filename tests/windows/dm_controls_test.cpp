@@ -130,6 +130,17 @@ TEST_F(Splitter, LyingBar_MovesUpAndDown) {
     EXPECT_EQ(m_owner.m_sized[0].delta, -30);
 }
 
+TEST_F(Splitter, OwnerThatIsNotTheParent_IsTold) {
+    OwnerWnd other;
+    m_bar.Create(WS_CHILD | WS_VISIBLE, CRect(100, 10, 120, 310), &m_owner, 77);
+    m_bar.SetRange(50, 400);
+    m_bar.SetOwner(&other);
+    Drag(30, 0);
+    EXPECT_THAT(m_owner.m_sized, IsEmpty());
+    ASSERT_EQ(other.m_sized.size(), 1u);
+    EXPECT_EQ(other.m_sized[0].delta, 30);
+}
+
 TEST_F(Splitter, ReleaseWithoutAPress_TellsNothingAndFreesTheMouse) {
     m_bar.Create(WS_CHILD | WS_VISIBLE, CRect(100, 10, 120, 310), &m_owner, 77);
     m_owner.SetCapture();
