@@ -164,9 +164,12 @@ TEST_F(DrawingManagerStart, SingleDoc_ClosesTheLastDocumentWithoutASecondDialog)
     SetNumber(kManagerKey, kSingleDocumentValue, 1);
     Start();
     SpendFirstRequest();
-    OpenRows({L"P-1"}, ID_DRAWINGS_OPEN);
-    const NoManagerComes none;
-    windows::PumpWaiting();
+    std::unique_ptr<NoManagerComes> none;
+    InManager([&](ManagerDriver& driver) {
+        driver.SelectRows({L"P-1"});
+        none = std::make_unique<NoManagerComes>(driver.Dialog());
+        driver.Command(ID_DRAWINGS_OPEN);
+    });
     EXPECT_EQ(acDocManager->documentCount(), 1);
     EXPECT_EQ(CurrentFile(), InDrawings(L"P-1.dwg"));
 }
