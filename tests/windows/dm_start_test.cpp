@@ -122,6 +122,24 @@ TEST_F(DrawingManagerStart, PalettesButton_OpensTheDialogAtOnce) {
     EXPECT_TRUE(came);
 }
 
+TEST_F(DrawingManagerStart, WarningAboutMissingStandards_ComesBeforeTheDialogIsSeen) {
+    Start();
+    SpendFirstRequest();
+    PutFile(InData(L"ClientDatafile.ini"), "");
+    PutFile(InData(L"ProjectDatafile.ini"), "");
+    SetNumber(kManagerKey, kProjectIdValue, 5);
+    InManager([&](ManagerDriver& driver) {
+        ASSERT_EQ(Boxes().size(), 1u);
+        EXPECT_EQ(Boxes()[0].text,
+                  L"Warning: No standards have been created!\n\nPlease use the Standards Manager to create a "
+                  L"standard.");
+        EXPECT_EQ(Boxes()[0].caption, L"Drawing Manager");
+        EXPECT_EQ(Boxes()[0].owner, m_session->Frame()->m_hWnd);
+        EXPECT_THAT(driver.TreeLines(), IsEmpty());
+        driver.Escape();
+    });
+}
+
 // --- the last document goes
 
 TEST_F(DrawingManagerStart, LastDocumentClosed_BringsTheDialogBack) {

@@ -10,6 +10,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 namespace test_control {
 
@@ -31,6 +32,10 @@ struct Record {
     short size = 0;
     bool enabled = true;
     std::map<std::wstring, bool> states;
+    // Every property that was set, as its id with the value's text: L"1 good". Set `takesAll` to have
+    // properties of any id and type accepted.
+    std::vector<std::wstring> puts;
+    bool takesAll = false;
 };
 Record& Seen();
 
@@ -42,10 +47,10 @@ HRESULT FireFlag(bool flag);
 HRESULT FirePickedWithWrongTypes();
 HRESULT FirePickedWithTooFew();
 
-// While it lives, the class is registered in this process.
+// While it lives, the class is registered in this process, under its own id or another.
 class Registration {
   public:
-    Registration();
+    explicit Registration(const CLSID& clsid = kClass);
     ~Registration();
     Registration(const Registration&) = delete;
     Registration& operator=(const Registration&) = delete;
