@@ -128,7 +128,7 @@ class DrawingManagerStart : public SystemTest {
             action(driver);
         });
         start();
-        EXPECT_TRUE(windows::WaitFor([&] { return opened.Ran(); }));
+        EXPECT_TRUE(windows::WaitFor([&] { return opened.Ran(); }, std::chrono::seconds(60)));
         windows::PumpWaiting();
     }
     void InManager(const std::function<void(ManagerDriver&)>& action) {
