@@ -1,10 +1,11 @@
 #include "support/windows_driver.h"
 
 #include <gtest/gtest.h>
-#include <winternl.h>
 
 #include <algorithm>
 #include <deque>
+
+#include "frame/resource_counts.h"
 
 namespace windows {
 namespace {
@@ -335,50 +336,10 @@ bool WhenDialogOpens::Ran() const {
 
 // --- leaks
 
-namespace {
-
-// The table of drawing handles that the system shows to each process, and what one entry of it looks like.
-// The call that counts them is not there on every system that these tests run on.
-struct GdiEntry {
-    void* object;
-    WORD owner;
-    WORD ownerHigh;
-    WORD unique;
-    BYTE type;
-    BYTE flags;
-    void* userData;
-};
-constexpr size_t kGdiTableOffset = 0xF8;  // in the process environment block, 64 bits
-constexpr size_t kGdiEntries = 16384;
-
-int CountGdiHandles() {
-    const auto* peb = reinterpret_cast<const BYTE*>(NtCurrentTeb()->ProcessEnvironmentBlock);
-    const auto* table = *reinterpret_cast<const GdiEntry* const*>(peb + kGdiTableOffset);
-    const auto process = static_cast<WORD>(GetCurrentProcessId());
-    int count = 0;
-    for (size_t i = 0; i < kGdiEntries; ++i) {
-        const bool isMine = table[i].owner == 0 || (table[i].owner & ~1) == (process & ~1);
-        if (table[i].object != nullptr && isMine && table[i].type != 0) ++count;
-    }
-    return count;
-}
-
-BOOL CALLBACK CountWindow(HWND, LPARAM count) {
-    ++*reinterpret_cast<int*>(count);
-    return TRUE;
-}
-
-BOOL CALLBACK CountWithChildren(HWND window, LPARAM count) {
-    EnumChildWindows(window, CountWindow, count);
-    return CountWindow(window, count);
-}
-
-}  // namespace
-
 HandleCount HandleCount::Now() {
     HandleCount now;
-    now.gdi = CountGdiHandles();
-    EnumThreadWindows(GetCurrentThreadId(), CountWithChildren, reinterpret_cast<LPARAM>(&now.windows));
+    now.gdi = frame::CountGdiObjects();
+    now.windows = frame::CountWindows();
     return now;
 }
 

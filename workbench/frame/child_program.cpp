@@ -1,7 +1,5 @@
 #include "frame/child_program.h"
 
-#include <psapi.h>
-
 namespace frame {
 
 ChildProgram::~ChildProgram() {
@@ -33,17 +31,6 @@ std::optional<DWORD> ChildProgram::Status() {
     CloseHandle(m_process);
     m_process = nullptr;
     return status;
-}
-
-std::wstring DescribeResources() {
-    const HANDLE process = GetCurrentProcess();
-    DWORD handles = 0;
-    GetProcessHandleCount(process, &handles);
-    PROCESS_MEMORY_COUNTERS_EX memory{};
-    GetProcessMemoryInfo(process, reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
-    return L"gdi " + std::to_wstring(GetGuiResources(process, GR_GDIOBJECTS)) + L" user " +
-           std::to_wstring(GetGuiResources(process, GR_USEROBJECTS)) + L" handles " +
-           std::to_wstring(handles) + L" memory " + std::to_wstring(memory.PrivateUsage / 1024);
 }
 
 }  // namespace frame

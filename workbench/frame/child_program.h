@@ -25,8 +25,4 @@ class ChildProgram {
     HANDLE m_process = nullptr;
 };
 
-// What this process holds of the system: "gdi 71 user 45 handles 120 memory 20480", the memory in KiB of
-// private pages.
-std::wstring DescribeResources();
-
 }  // namespace frame

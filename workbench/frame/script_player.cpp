@@ -6,6 +6,7 @@
 #include <cwchar>
 
 #include "frame/dock_manager.h"
+#include "frame/resource_counts.h"
 #include "frame/user_input.h"
 #include "frame/window_finder.h"
 
@@ -274,7 +275,7 @@ ScriptPlayer::Outcome ScriptPlayer::Attempt(const ScriptStep& step) {
         case ScriptAction::kRun:
             return AttemptRun(step);
         case ScriptAction::kResources:
-            return {Progress::kDone, {}, [this] { m_stage.note(DescribeResources()); }};
+            return {Progress::kDone, {}, [this] { m_stage.note(ResourceCounts::Now().Text()); }};
         case ScriptAction::kTimeout: {
             const double seconds = std::wcstod(step.arguments[0].c_str(), nullptr);
             if (!(seconds > 0 && seconds < 3600)) return {Progress::kFailed, L"not a number of seconds", {}};
