@@ -122,16 +122,22 @@ int AdvanceId(int nId, size_t nCount) {
     return static_cast<int>(static_cast<unsigned>(nId) + static_cast<unsigned>(nCount));
 }
 
-// Draws that many ids and returns the first. The counter is on disk before the line file is touched: a crash
-// between the two costs ids and nothing else. A first draw creates the file.
-int DrawLineIds(const std::wstring& strCounter, size_t nCount) {
+// Draws that many ids. The counter is on disk before the line file is touched: a crash between the two costs
+// ids and nothing else. A first draw creates the file. False, with nothing drawn, for several ids from a file
+// with a second key that reads as the counter's own once it is saved: they must be drawn one by one.
+bool DrawLineIds(const std::wstring& strCounter, size_t nCount, int& nFirstId) {
+    constexpr wchar_t kKey[] = L"LastLineId";
     CKV2D_IniFile ini;
     ini.Open(strCounter);
     ini.SetSection(L"General");
+    std::wstring strShadow;
+    ini.GetString(std::wstring(kKey) + L" =", strShadow, L"");
+    if (nCount > 1 && !strShadow.empty()) return false;
     int nLastId = 0;
-    ini.GetLong(L"LastLineId", nLastId, 0);
-    ini.SetLong(L"LastLineId", AdvanceId(nLastId, nCount));
-    return AdvanceId(nLastId, 1);
+    ini.GetLong(kKey, nLastId, 0);
+    ini.SetLong(kKey, AdvanceId(nLastId, nCount));
+    nFirstId = AdvanceId(nLastId, 1);
+    return true;
 }
 
 // Creates the line of an id under a default name, and returns that.
@@ -160,7 +166,7 @@ void AddLinesOneByOne(const std::wstring& strPath, int nFirstId, const std::vect
 }  // namespace
 
 void CreateLineInFile(const CLineFiles& files, int& nLineId, std::wstring& strName) {
-    nLineId = DrawLineIds(files.strCounter, 1);
+    DrawLineIds(files.strCounter, 1, nLineId);
     strName = CreateLineOfId(files.strLines, nLineId);
 }
 
@@ -183,7 +189,12 @@ int RenameLineInFile(const std::wstring& strPath, int nLineId, const std::wstrin
 
 void AddLinesToFile(const CLineFiles& files, const std::vector<std::wstring>& astrNames) {
     if (astrNames.empty()) return;
-    const int nFirstId = DrawLineIds(files.strCounter, astrNames.size());
+    int nFirstId = 0;
+    if (!DrawLineIds(files.strCounter, astrNames.size(), nFirstId)) {
+        for (const std::wstring& strName : astrNames)
+            AddLinesToFile(files, {strName});
+        return;
+    }
     CKV2D_IniFile ini;
     ini.Open(files.strLines);
     CLineNames names(ini);

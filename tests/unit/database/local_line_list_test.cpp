@@ -298,6 +298,23 @@ TEST_F(LocalLineListTest, GetLocalLineList_KeyThatASaveChanges_LeavesWhatCreatin
               Lines({"[LineList]", "KV2D_LINE_2 = = A", "KV2D_LINE_3 = B", "KV2D_LINE_4 = C"}));
 }
 
+TEST_F(LocalLineListTest,
+       GetLocalLineList_CounterWithASecondKey_LeavesWhatCreatingAndRenamingOneByOneLeaves) {
+    const std::string strCounter = Lines({"[General]", "LastLineId = 7", "LastLineId =] = 3"});
+    const std::wstring strOther = L"c:\\p\\Other.dwg";
+    PutFile(m_strCounter, strCounter);
+    FetchLines({L"A", L"B"});
+    const std::string strAfter = GetBytes(m_strCounter);
+    PutFile(InLocal(L"PID_12_Otherline.ini"), Lines({"[LineList]"}));
+    PutFile(m_strCounter, strCounter);
+    for (const wchar_t* pszName : {L"A", L"B"}) {
+        CreateLocalLine(12, L"PID", strOther, m_nId, m_strName);
+        RenameLocalLine(12, L"PID", strOther, m_nId, pszName);
+    }
+    EXPECT_EQ(GetBytes(m_strFile), GetBytes(InLocal(L"PID_12_Otherline.ini")));
+    EXPECT_EQ(strAfter, GetBytes(m_strCounter));
+}
+
 TEST_F(LocalLineListTest, GetLocalLineList_CounterAtTheLargestNumber_GivesRowsWithoutKeyAndDoesNotCrash) {
     PutFile(m_strFile, Lines({"[LineList]", "KV2D_LINE_1 = A"}));
     PutFile(m_strCounter, Lines({"[General]", "LastLineId = 2147483646"}));
