@@ -317,10 +317,14 @@ Acad::ErrorStatus DocumentManager::SaveAs(Document& document, const std::wstring
         return Acad::eNotImplementedYet;
     }
     if (document.isReadOnly() && IsSamePath(document.fileName(), path)) {
+        m_host.FreshLine();
+        m_host.Print(path + L": opened read-only\n");
         return Acad::eIsWriteProtected;
     }
     for (const Document* other : All()) {
         if (other != &document && other->isNamedDrawing() && IsSamePath(other->fileName(), path)) {
+            m_host.FreshLine();
+            m_host.Print(path + L": open in another window\n");
             return Acad::eFileSharingViolation;
         }
     }

@@ -166,6 +166,17 @@ TEST(DamagedDrawing, ListOfAnApplication_EndsAheadOfTheNextMarker) {
                 StartsWith(L"Line 8: A list of an application is not closed."));
 }
 
+TEST(DamagedDrawing, HandleInWhatNobodyKnows_IsLookedAtToo) {
+    EXPECT_THAT(ErrorOf(Entities("0\nWIPEOUT\n8\n0\n340\nzz\n")),
+                StartsWith(L"Line 10: \"zz\" is not a handle."));
+}
+
+TEST(DamagedDrawing, GreatestHandle_LeavesRoomForOthers) {
+    EXPECT_TRUE(Read(Entities("0\nPOINT\n5\n3FFFFFFFFFFFFFFF\n8\n0\n")).IsRead());
+    EXPECT_THAT(ErrorOf(Entities("0\nPOINT\n5\n4000000000000000\n8\n0\n")),
+                StartsWith(L"Line 8: A handle leaves no room for others."));
+}
+
 TEST(DamagedDrawing, BinaryBytes_AreRefusedWithTheirLine) {
     std::string bytes;
     for (int i = 0; i < 4096; ++i)

@@ -314,7 +314,9 @@ TEST_F(DocumentEventsTest, ExclusiveLock_IsRefusedOverACommandsLock) {
 TEST_F(DocumentEventsTest, SaveAs_OntoTheFileOfAnOpenDocument_IsRefused) {
     ADrawing(L"C:\\P\\a.dwg", L"5");
     host::Document& document = ADrawing(L"C:\\P\\b.dwg", L"1");
+    m_surface.transcript.clear();
     EXPECT_EQ(Documents().SaveAs(document, L"c:/p/A.dwg"), Acad::eFileSharingViolation);
+    EXPECT_EQ(m_surface.transcript, L"c:/p/A.dwg: open in another window\n");
     EXPECT_EQ(m_files.texts[L"C:\\P\\a.dwg"], L"5");
     EXPECT_STREQ(document.docTitle(), L"b.dwg");
 }
@@ -323,7 +325,9 @@ TEST_F(DocumentEventsTest, SaveAs_OfAReadOnlyDocument_NeedsAnotherFile) {
     m_files.texts[L"C:\\P\\a.dwg"] = L"1";
     ASSERT_EQ(Documents().Open(L"C:\\P\\a.dwg", true), Acad::eOk);
     host::Document& document = *Documents().Current();
+    m_surface.transcript.clear();
     EXPECT_EQ(Documents().SaveAs(document, L"C:\\P\\A.DWG"), Acad::eIsWriteProtected);
+    EXPECT_EQ(m_surface.transcript, L"C:\\P\\A.DWG: opened read-only\n");
     EXPECT_EQ(Documents().SaveAs(document, L"C:\\P\\b.dwg"), Acad::eOk);
     EXPECT_FALSE(document.isReadOnly());
     EXPECT_EQ(Variable(L"WRITESTAT"), L"1");
