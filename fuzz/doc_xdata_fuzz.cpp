@@ -11,6 +11,8 @@
 namespace {
 
 constexpr size_t kItemsOfARecord = 13;
+// Longer ones only repeat what comes behind the last item that is read.
+constexpr size_t kLongestInput = 512;
 constexpr short kCodes[] = {1001, 1071, 1070, 1000, 1071, 1070, 1002, 1003,
                             1004, 1005, 1010, 1040, 1042, 0,    -4,   5005};
 
@@ -67,6 +69,7 @@ XDataItems TakeItems(Input input) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
+    if (size > kLongestInput) return 0;
     XDataItems items = TakeItems(Input(data, size));
     const XDataItems again = TakeItems(Input(data, size));
     const auto fields = ReadFields(items);

@@ -2,8 +2,6 @@
 // in one file, project 6 per drawing.
 #pragma once
 
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -11,17 +9,9 @@
 #include <vector>
 
 #include "database/line_list.h"
+#include "fuzz_check.h"
 #include "platform/memory_platform.h"
 #include "sizes/size_table.h"
-
-// What must hold in every execution.
-#define FUZZ_CHECK(condition)                                                    \
-    do {                                                                         \
-        if (!(condition)) {                                                      \
-            std::fprintf(stderr, "%s:%d: %s\n", __FILE__, __LINE__, #condition); \
-            std::abort();                                                        \
-        }                                                                        \
-    } while (false)
 
 // Files by their exact paths and nothing else: millions of executions want little work for a call.
 class FuzzFiles : public platform::Files {
@@ -63,6 +53,35 @@ class FuzzFiles : public platform::Files {
     std::unordered_set<std::wstring> m_folders;
 };
 
+// A registry with one value, the folder of the database, which every call reads anew.
+class FuzzRegistry : public platform::Registry {
+  public:
+    explicit FuzzRegistry(std::wstring dataFolder) : m_dataFolder(std::move(dataFolder)) {}
+
+    bool ReadDword(platform::Hive, const std::wstring&, const std::wstring&, std::uint32_t&) override {
+        return false;
+    }
+    bool ReadString(platform::Hive, const std::wstring&, const std::wstring& name,
+                    std::wstring& text) override {
+        const bool isFound = name == L"DatafilesPath";
+        text = isFound ? m_dataFolder : std::wstring();
+        return isFound;
+    }
+    bool WriteDword(platform::Hive, const std::wstring&, const std::wstring&, std::uint32_t) override {
+        return false;
+    }
+    bool WriteString(platform::Hive, const std::wstring&, const std::wstring&, const std::wstring&) override {
+        return false;
+    }
+    bool DeleteValue(platform::Hive, const std::wstring&, const std::wstring&) override { return false; }
+    bool DeleteEmptyKey(platform::Hive, const std::wstring&) override { return false; }
+    bool DeleteTree(platform::Hive, const std::wstring&) override { return false; }
+    std::vector<std::wstring> GetSubkeys(platform::Hive, const std::wstring&) override { return {}; }
+
+  private:
+    std::wstring m_dataFolder;
+};
+
 class FuzzDatabase {
   public:
     static constexpr wchar_t kData[] = L"C:\\D\\";
@@ -85,15 +104,11 @@ class FuzzDatabase {
     void Start() {
         DropLineCache();
         DropSizeTableCache();
-        m_memory.log.Clear();
     }
 
   private:
     FuzzDatabase() {
         platform::Install(&m_services);
-        m_memory.registry.SetBytes(platform::Hive::kLocalMachine, L"Software\\KALVOR\\Orvex\\2023",
-                                   L"DatafilesPath", platform::RegistryType::kString,
-                                   platform::EncodeRegistryText(kData));
         PutFile(kData + std::wstring(L"ProjectDatafile.ini"),
                 "[ProjectList]\r\nKV2D_PRJ_5 = P\r\nKV2D_PRJ_6 = Q\r\n");
         const std::wstring projects = kData + std::wstring(L"Projects\\");
@@ -105,8 +120,9 @@ class FuzzDatabase {
     }
 
     FuzzFiles m_files;
+    FuzzRegistry m_registry{kData};
     platform::MemoryPlatform m_memory;
-    platform::Platform m_services{m_files,        m_memory.registry,  m_memory.environment, m_memory.clock,
+    platform::Platform m_services{m_files,        m_registry,         m_memory.environment, m_memory.clock,
                                   m_memory.guids, m_memory.processes, m_memory.boxes,       m_memory.text};
 };
 

@@ -1,26 +1,16 @@
 // Reads the input as a menu file. One that is refused leaves an empty menu and names its line; one that is
 // read keeps the rules of the format, and written down again it reads as the same menu.
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <set>
 #include <string>
 #include <string_view>
 
 #include "controls/menu_file.h"
+#include "fuzz_check.h"
 
 using controls::ItemKind;
 using controls::MenuFile;
 using controls::MenuItem;
-
-// What must hold in every execution.
-#define FUZZ_CHECK(condition)                                                    \
-    do {                                                                         \
-        if (!(condition)) {                                                      \
-            std::fprintf(stderr, "%s:%d: %s\n", __FILE__, __LINE__, #condition); \
-            std::abort();                                                        \
-        }                                                                        \
-    } while (false)
 
 namespace {
 

@@ -2,24 +2,14 @@
 // system: what is found lies inside the file, and every byte that drawing it would read is there. The input
 // as text goes through the excerpt that drawings of the other kind are shown by.
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "controls/drawing_excerpt.h"
 #include "controls/preview_picture.h"
+#include "fuzz_check.h"
 
 using namespace controls;
-
-// What must hold in every execution.
-#define FUZZ_CHECK(condition)                                                    \
-    do {                                                                         \
-        if (!(condition)) {                                                      \
-            std::fprintf(stderr, "%s:%d: %s\n", __FILE__, __LINE__, #condition); \
-            std::abort();                                                        \
-        }                                                                        \
-    } while (false)
 
 namespace {
 

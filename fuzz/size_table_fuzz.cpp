@@ -11,6 +11,9 @@
 
 namespace {
 
+// What a long file shows, a short one shows too, in a hundredth of the time.
+constexpr std::size_t kLongestInput = 768;
+
 const std::wstring kTable = std::wstring(FuzzDatabase::kData) + L"Standards\\Piping\\ANSI\\size.tp";
 
 using Rows = std::map<std::wstring, std::wstring>;
@@ -46,6 +49,7 @@ void CheckKey(std::string_view line) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    size = std::min(size, kLongestInput);
     FuzzDatabase& database = FuzzDatabase::Get();
     database.Start();
     const std::string_view table(reinterpret_cast<const char*>(data), size);

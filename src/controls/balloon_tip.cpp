@@ -17,6 +17,8 @@ void CreateTipFont(CFont& font, int nWeight) {
 }
 
 bool FitsInLine(CDC& dc, const CString& strText, const CRect& rect) {
+    // Drawn as one line, a text of several would show its line feeds as boxes.
+    if (strText.Find(L'\n') >= 0) return false;
     return dc.GetTextExtent(strText).cx <= rect.Width();
 }
 

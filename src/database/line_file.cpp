@@ -1,5 +1,8 @@
 #include "database/line_file.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include "database/line_list.h"
 #include "platform/letter_case.h"
 
@@ -7,11 +10,55 @@ namespace {
 
 constexpr wchar_t kEvalName[] = L"Eval";
 
+constexpr std::wstring_view kDefaultName = L"Line ";
+
 std::wstring GetDefaultName(long long nNumber) {
-    return L"Line " + std::to_wstring(nNumber);
+    return std::wstring(kDefaultName) + std::to_wstring(nNumber);
 }
 
-// The names of a line file, to tell in one step which are taken. A row without a key counts as not there.
+// The number of a default name; false for every other name, "Line 07" and "Line +7" among them.
+bool ParseDefaultName(std::wstring_view strName, long long& nNumber) {
+    constexpr size_t kMostDigits = 18;
+    if (!strName.starts_with(kDefaultName)) return false;
+    strName.remove_prefix(kDefaultName.size());
+    const bool bNegative = strName.starts_with(L'-');
+    if (bNegative) strName.remove_prefix(1);
+    if (strName.empty() || strName.size() > kMostDigits) return false;
+    if (strName.front() == L'0' && (bNegative || strName.size() > 1)) return false;
+    nNumber = 0;
+    for (const wchar_t ch : strName) {
+        if (ch < L'0' || ch > L'9') return false;
+        nNumber = 10 * nNumber + (ch - L'0');
+    }
+    if (bNegative) nNumber = -nNumber;
+    return true;
+}
+
+// "Line <n>" with the first number from `nFirst` on that FindLineKeyByName does not find. Where all rows bear
+// such names, one pass over them tells what is free.
+std::wstring FindFreeDefaultName(CKV2D_IniFile& ini, int nFirst) {
+    const size_t nPlaces = ini.GetRowCount() + 1;  // one of so many names is free
+    std::vector<bool> abTaken(nPlaces);
+    for (const wchar_t* pszSection : {kLineSections.pszLive, kLineSections.pszDeleted}) {
+        ini.SetSection(pszSection);
+        std::vector<std::wstring> astrKeys, astrValues;
+        ini.GetSectionEntries(astrKeys, astrValues);
+        std::vector<bool> abSeen(nPlaces);
+        for (size_t i = 0; i < astrValues.size(); ++i) {
+            long long nNumber = 0;
+            if (!ParseDefaultName(astrValues[i], nNumber) || nNumber < nFirst) continue;
+            const auto nPlace = static_cast<size_t>(nNumber - nFirst);
+            if (nPlace >= nPlaces || abSeen[nPlace]) continue;
+            // The search ends at the first row of that name, and without a key it has found nothing.
+            abSeen[nPlace] = true;
+            if (!astrKeys[i].empty()) abTaken[nPlace] = true;
+        }
+    }
+    const auto free = std::find(abTaken.begin(), abTaken.end(), false);
+    return GetDefaultName(static_cast<long long>(nFirst) + (free - abTaken.begin()));
+}
+
+// The names of a line file, to tell in one step which are taken.
 class CLineNames {
   public:
     explicit CLineNames(CKV2D_IniFile& ini) {
@@ -22,6 +69,11 @@ class CLineNames {
     bool IsTaken(const std::wstring& strName) const {
         return m_mapLive.count(strName) != 0 || m_mapDeleted.count(strName) != 0;
     }
+
+    // Whether the names are not to be relied on: a row has no key, and a search by name that comes upon it
+    // finds nothing, whatever rows follow; or a key ends in " =", and is another one when the saved file is
+    // read.
+    bool HasOddKey() const { return m_bOddKey; }
 
     // Gives the name to a line, or the default name if it is not valid or taken, and returns what the line
     // has got. `strReplaced` is the former name of a line of the same id, as there is after the loss of a
@@ -50,17 +102,19 @@ class CLineNames {
   private:
     using CCounts = std::unordered_map<std::wstring, size_t>;
 
-    static void Count(CKV2D_IniFile& ini, const wchar_t* pszSection, CCounts& mapCounts) {
+    void Count(CKV2D_IniFile& ini, const wchar_t* pszSection, CCounts& mapCounts) {
         ini.SetSection(pszSection);
         std::vector<std::wstring> astrKeys, astrValues;
         ini.GetSectionEntries(astrKeys, astrValues);
         for (size_t i = 0; i < astrKeys.size(); ++i) {
-            if (!astrKeys[i].empty()) ++mapCounts[astrValues[i]];
+            m_bOddKey |= astrKeys[i].empty() || astrKeys[i].ends_with(L" =");
+            ++mapCounts[astrValues[i]];
         }
     }
 
     CCounts m_mapLive;
     CCounts m_mapDeleted;
+    bool m_bOddKey = false;
 };
 
 // The id that many numbers on. The largest number is followed by the smallest one.
@@ -80,18 +134,34 @@ int DrawLineIds(const std::wstring& strCounter, size_t nCount) {
     return AdvanceId(nLastId, 1);
 }
 
+// Creates the line of an id under a default name, and returns that.
+std::wstring CreateLineOfId(const std::wstring& strPath, int nLineId) {
+    CKV2D_IniFile ini;
+    ini.Open(strPath);
+    std::wstring strName = GetDefaultName(nLineId);
+    // All rows are gone through only when the first name is taken, which is rare.
+    if (!FindLineKeyByName(ini, strName, true, true).empty()) strName = FindFreeDefaultName(ini, nLineId);
+    ini.SetSection(kLineSections.pszLive);
+    ini.SetString(LineKeyFromId(nLineId), strName);
+    return strName;
+}
+
+// For files that no program of the suite leaves behind: a key is odd, or the counter file holds a number that
+// no id follows.
+void AddLinesOneByOne(const std::wstring& strPath, int nFirstId, const std::vector<std::wstring>& astrNames) {
+    for (size_t i = 0; i < astrNames.size(); ++i) {
+        const int nLineId = AdvanceId(nFirstId, i);
+        CreateLineOfId(strPath, nLineId);
+        std::wstring strName = astrNames[i];
+        if (nLineId > 0 && ValidateLineName(strName) == kLineOk) RenameLineInFile(strPath, nLineId, strName);
+    }
+}
+
 }  // namespace
 
 void CreateLineInFile(const CLineFiles& files, int& nLineId, std::wstring& strName) {
     nLineId = DrawLineIds(files.strCounter, 1);
-    CKV2D_IniFile ini;
-    ini.Open(files.strLines);
-    strName = GetDefaultName(nLineId);
-    const bool bTaken = !FindLineKeyByName(ini, strName, true, true).empty();
-    // All names are collected only when the first one is taken, which is rare.
-    if (bTaken) strName = CLineNames(ini).GetFreeName(nLineId);
-    ini.SetSection(kLineSections.pszLive);
-    ini.SetString(LineKeyFromId(nLineId), strName);
+    strName = CreateLineOfId(files.strLines, nLineId);
 }
 
 int CheckRename(int nProjectId, int nLineId, std::wstring& strName) {
@@ -117,15 +187,12 @@ void AddLinesToFile(const CLineFiles& files, const std::vector<std::wstring>& as
     CKV2D_IniFile ini;
     ini.Open(files.strLines);
     CLineNames names(ini);
+    const bool bIds = nFirstId > 0 && AdvanceId(nFirstId, astrNames.size() - 1) >= nFirstId;
+    if (!bIds || names.HasOddKey()) return AddLinesOneByOne(files.strLines, nFirstId, astrNames);
     ini.SetSection(kLineSections.pszLive);
     for (size_t i = 0; i < astrNames.size(); ++i) {
         const int nLineId = AdvanceId(nFirstId, i);
         const std::wstring strKey = LineKeyFromId(nLineId);
-        if (strKey.empty()) {
-            // A counter file with a number out of bounds: the row has no key, and so counts for no name.
-            ini.SetString(strKey, names.GetFreeName(nLineId));
-            continue;
-        }
         std::wstring strReplaced;
         ini.GetString(strKey, strReplaced, L"");
         const std::wstring strName = names.ReplaceLive(strReplaced, astrNames[i], nLineId);

@@ -207,7 +207,8 @@ void CDrawingManagerDlg::ShowError(const std::wstring& strFormat, const std::wst
     ShowMessageWithAcadError(m_strTitle, strFormat, kNoAcadError, strArgument1, strArgument2);
 }
 
-void CDrawingManagerDlg::TrackMenu(int nPopup, const std::vector<int>& anGreyed, bool bShowsBackups) {
+void CDrawingManagerDlg::TrackMenu(int nPopup, const std::vector<int>& anGreyed, bool bShowsBackups,
+                                   CPoint ptScreen) {
     const LPCTSTR pszMenu = MAKEINTRESOURCE(IDR_DRAWING_MANAGER_MENU);
     CMenu menu;
     menu.Attach(::LoadMenu(AfxFindResourceHandle(pszMenu, RT_MENU), pszMenu));
@@ -216,7 +217,5 @@ void CDrawingManagerDlg::TrackMenu(int nPopup, const std::vector<int>& anGreyed,
     for (int nCommand : anGreyed)
         pPopup->EnableMenuItem(static_cast<UINT>(nCommand), MF_BYCOMMAND | MF_GRAYED);
     if (bShowsBackups) pPopup->CheckMenuItem(ID_DRAWINGS_SHOWBACKUPS, MF_BYCOMMAND | m_uBackupState);
-    CPoint ptCursor;
-    ::GetCursorPos(&ptCursor);
-    pPopup->TrackPopupMenu(TPM_LEFTALIGN | TPM_RIGHTBUTTON, ptCursor.x, ptCursor.y, this);
+    pPopup->TrackPopupMenu(TPM_LEFTALIGN | TPM_RIGHTBUTTON, ptScreen.x, ptScreen.y, this);
 }

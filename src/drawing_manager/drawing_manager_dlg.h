@@ -153,7 +153,7 @@ class CDrawingManagerDlg : public CDialog {
     CRect GetListNoteRect() const;
     void ShowError(const std::wstring& strFormat, const std::wstring& strArgument1 = {},
                    const std::wstring& strArgument2 = {}) const;
-    void TrackMenu(int nPopup, const std::vector<int>& anGreyed, bool bShowsBackups);
+    void TrackMenu(int nPopup, const std::vector<int>& anGreyed, bool bShowsBackups, CPoint ptScreen);
 
     void CloseAllDocuments();
     void CollectOpenList(const std::vector<int>& anItems);

@@ -18,11 +18,14 @@ void CDrawingManagerDlg::OnNMRClickTree(NMHDR*, LRESULT* pResult) {
     UpdateCurrentLocation();
     CPoint ptCursor;
     ::GetCursorPos(&ptCursor);
-    m_tree.ScreenToClient(&ptCursor);
-    const HTREEITEM hHit = m_tree.HitTest(ptCursor);
+    CPoint ptTree = ptCursor;
+    m_tree.ScreenToClient(&ptTree);
+    // The selection may read folders of a slow share; the menu comes up where the click was all the same.
+    const HTREEITEM hHit = m_tree.HitTest(ptTree);
     if (hHit) m_tree.SelectItem(hHit);
     TrackMenu(kProjectsPopup,
-              GetGreyedFolderCommands(m_tree.GetItemKind(hHit, false), GetProjectIdOfSelection(hHit)), false);
+              GetGreyedFolderCommands(m_tree.GetItemKind(hHit, false), GetProjectIdOfSelection(hHit)), false,
+              ptCursor);
 }
 
 void CDrawingManagerDlg::OnBnClickedExplore() {

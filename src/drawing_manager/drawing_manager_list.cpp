@@ -217,8 +217,10 @@ void CDrawingManagerDlg::ShowStateNote(int nItem) {
 void CDrawingManagerDlg::OnNMRClickList(NMHDR*, LRESULT* pResult) {
     *pResult = 0;
     HideBalloon();
+    CPoint ptCursor;
+    ::GetCursorPos(&ptCursor);
     TrackMenu(kDrawingsPopup,
               GetGreyedDrawingCommands(static_cast<int>(m_listDrawings.GetSelectedCount()), m_nProjectId,
                                        !m_strFolder.empty()),
-              true);
+              true, ptCursor);
 }

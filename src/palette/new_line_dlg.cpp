@@ -91,8 +91,12 @@ BOOL CNewLineDlg::OnInitDialog() {
     return TRUE;
 }
 
-void CNewLineDlg::ShowError(const std::wstring& strFormat, const std::wstring& strArgument) const {
+void CNewLineDlg::ShowError(const std::wstring& strFormat, const std::wstring& strArgument) {
     ShowMessageWithAcadError(m_strTitle, strFormat, kNoAcadError, strArgument, L"");
+    // The box is the main window's: closing it has enabled and activated that one, in front of this dialog.
+    if (const HWND hWndOwner = ::GetWindow(m_hWnd, GW_OWNER)) ::EnableWindow(hWndOwner, FALSE);
+    SetForegroundWindow();
+    GetDlgItem(IDC_NEW_LINE_NUMBER)->SetFocus();
 }
 
 void CNewLineDlg::OnOK() {

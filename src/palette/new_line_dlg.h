@@ -17,7 +17,7 @@ class CNewLineDlg : public CDialog {
     DECLARE_MESSAGE_MAP()
 
   private:
-    void ShowError(const std::wstring& strFormat, const std::wstring& strArgument = {}) const;
+    void ShowError(const std::wstring& strFormat, const std::wstring& strArgument = {});
 
     std::wstring m_strTitle;  // of the message boxes
     CString m_strLine;

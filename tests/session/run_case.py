@@ -17,12 +17,14 @@ case starts with a share of its own, without the values that earlier sessions st
                                     names the discipline whose start-up file is loaded, - none. Records the transcript.
                                     A session must end with the status 0, or with "fails" with another.
     menusize NUMBER                 the user's setting for what follows
+    environment NAME VALUE          sets a variable for the starts that follow; the empty value takes it away
     registry KEY                    records every value of the key and of those below it
     delete-key KEY                  deletes a key with all below it
     delete-value KEY NAME           deletes a value; the empty name is the key's own
     set-text KEY NAME TEXT          writes a text value
     set-number KEY NAME NUMBER      writes a number
     file PATH                       records a file of text
+    lines PATH PATTERN              records the lines of a file that a regular expression finds
     folder PATH                     records the names below a folder
     drawing PATH                    records what the module keeps in a drawing
     remove PATH                     removes a file, if it is there
@@ -41,6 +43,7 @@ import shlex
 import shutil
 import subprocess
 import sys
+import time
 
 import session_files
 import session_registry
@@ -48,6 +51,8 @@ import session_registry
 TOP = pathlib.Path(__file__).resolve().parent.parent.parent
 USER_KEYS = (r"HKEY_CURRENT_USER\Software\KALVOR", r"HKEY_CURRENT_USER\Software\Workbench")
 PATIENCE = 300  # seconds for one start of the workbench
+CRASHED = 5  # the exit status of a program that Wine's debugger looks at
+TRACE_PATIENCE = 20  # seconds for what it finds
 
 
 class CaseFailed(Exception):
@@ -62,6 +67,7 @@ class Case:
         self.bin = pathlib.Path(os.environ["KV2D_BIN"]).resolve()
         self.share = folder / "share"
         self.menu_size = "32"
+        self.environment = {}
         self.replacements = []
         self.record = []
 
@@ -118,18 +124,27 @@ class Case:
         arguments = ["/script", self.windows(self.case / script), "/transcript", self.windows(transcript)]
         if word != "-":
             arguments = ["/lisp", rf"P:\Application\Tessarc\{word}\startup.lsp", *arguments]
-        environment = dict(os.environ, KV2D_BIN=str(self.bin), KV2D_SHARE=str(self.share), KV2D_DATA="",
+        environment = dict(os.environ, **self.environment, KV2D_BIN=str(self.bin), KV2D_SHARE=str(self.share), KV2D_DATA="",
                            KV2D_MENU_SIZE=self.menu_size)
         # Into a file: whatever reads a pipe that the Wine server inherits waits for ever.
         output = self.folder / "output.txt"
         with output.open("wb") as file:
             status = subprocess.run(["timeout", str(PATIENCE), TOP / "demo" / "start", *arguments], env=environment,
                                     stdin=subprocess.DEVNULL, stdout=file, stderr=file).returncode
+        if status == CRASHED:
+            self.wait_for_trace(output)
         said = transcript.read_text(encoding="utf-8").splitlines() if transcript.exists() else []
         self.add(f"{script} {word}", said)
         if (status != 0) != (rest == ("fails",)):
             errors = output.read_text(encoding="utf-8", errors="replace").splitlines()
             raise CaseFailed("\n".join([f"{script} ended with status {status}", *said, *errors]))
+
+    @staticmethod
+    def wait_for_trace(output):
+        """The crash report is written by another program, which the end of the session would stop."""
+        deadline = time.monotonic() + TRACE_PATIENCE
+        while time.monotonic() < deadline and b"Backtrace" not in output.read_bytes():
+            time.sleep(0.2)
 
     def step_menusize(self, number):
         self.menusize(number)
@@ -139,6 +154,9 @@ class Case:
         settings = self.prefix / "drive_c" / "ProgramData" / "KALVOR" / "Orvex 2023"
         settings.mkdir(parents=True, exist_ok=True)
         (settings / "UserSettings.ini").write_bytes(f"[AutoCAD Settings]\r\nMenuSize = {number}\r\n".encode())
+
+    def step_environment(self, name, value):
+        self.environment[name] = value
 
     def step_registry(self, key):
         self.add(key, session_registry.describe(key))
@@ -157,6 +175,10 @@ class Case:
 
     def step_file(self, path):
         self.add(path, session_files.describe_text(self.path(path)))
+
+    def step_lines(self, path, pattern):
+        found = [line for line in session_files.describe_text(self.path(path)) if re.search(pattern, line)]
+        self.add(f"{path}, {pattern}", found)
 
     def step_folder(self, path):
         self.add(path, session_files.describe_folder(self.path(path)))

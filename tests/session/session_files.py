@@ -1,10 +1,11 @@
 """Files of a Wine session, found by their Windows paths and described for the records of session cases."""
 import pathlib
 
+import ezdxf
+
 # What the module keeps in a drawing: application names of extended data, and a record of lines.
 RECORD_APPLICATION = "KAL-VOR Software - TESSARC"
 LINES_RECORD = "FilteredLineIds"
-EXTENDED_DATA = 1000  # group codes from here on
 
 
 def find(drives, path):
@@ -37,59 +38,25 @@ def describe_folder(path):
     return [str(entry.relative_to(path)).replace("/", "\\") + ("\\" if entry.is_dir() else "") for entry in names]
 
 
-def groups(path):
-    lines = path.read_bytes().decode("utf-8", "surrogateescape").splitlines()
-    return [(int(code), value) for code, value in zip(lines[::2], lines[1::2])]
-
-
-def entities(path):
-    """The parts of a drawing file that begin with a group 0: lists of groups."""
-    parts = []
-    for code, value in groups(path):
-        if code == 0:
-            parts.append([])
-        parts[-1].append((code, value))
-    return parts
-
-
-def extended_data(part):
-    """The groups of the module's application."""
-    application, found = "", []
-    for code, value in part:
-        if code == 1001:
-            application = value
-        elif code >= EXTENDED_DATA and application == RECORD_APPLICATION:
-            found.append(f"  {code} {value}")
-    return found
-
-
-def names_of_records(parts):
-    """Handle of a record: the name that a dictionary gives it."""
-    names = {}
-    for part in parts:
-        name = ""
-        for code, value in part if part[0][1] == "DICTIONARY" else []:
-            if code == 3:
-                name = value
-            elif code in (350, 360):
-                names[value] = name
-    return names
+def described(tags):
+    return [f"  {tag.code} {tag.value}".rstrip() for tag in tags]
 
 
 def describe_drawing(path):
-    """The extended data of the module's application wherever it stands, and the records of lines."""
+    """What an outside reader finds of the module in a drawing: the extended data of its application, wherever it
+    stands, and the records of lines. An error that the reader's audit finds ends the case."""
     if not path.exists():
         return ["(no such file)"]
-    parts = entities(path)
-    names = names_of_records(parts)
-    described = []
-    for part in parts:
-        found = extended_data(part)
-        if found:
-            name = next((value for code, value in part if code == 2), "")
-            described += [f"{part[0][1]} {name}".rstrip(), *found]
-        handle = next((value for code, value in part if code == 5), "")
-        if part[0][1] == "XRECORD" and names.get(handle) == LINES_RECORD:
-            start = part.index((100, "AcDbXrecord")) + 1
-            described += [LINES_RECORD, *(f"  {code} {value}" for code, value in part[start:] if code != 280)]
-    return described or ["(nothing of the module's)"]
+    drawing = ezdxf.readfile(path)
+    errors = drawing.audit().errors
+    if errors:
+        raise ValueError(f"{path}: {errors[0].message}")
+    lines = []
+    for entity in drawing.entitydb.values():
+        if entity.has_xdata(RECORD_APPLICATION):
+            name = entity.dxf.get("name", "")
+            data = entity.get_xdata(RECORD_APPLICATION)
+            lines += [f"{entity.dxftype()} {name}".rstrip(), *described(data)]
+        if entity.dxftype() == "DICTIONARY" and LINES_RECORD in entity:
+            lines += [LINES_RECORD, *described(entity[LINES_RECORD].tags)]
+    return lines or ["(nothing of the module's)"]

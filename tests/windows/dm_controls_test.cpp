@@ -1,4 +1,4 @@
-// Splitter, balloon, owner-drawn button and error box in real windows.
+// Splitter, owner-drawn button and error box in real windows.
 #include <afxcmn.h>
 #include <afxwin.h>
 #include <gmock/gmock.h>
@@ -6,10 +6,9 @@
 
 #include "acestext.h"
 #include "controls/acad_error_box.h"
-#include "controls/balloon_tip.h"
 #include "controls/button_st.h"
 #include "controls/splitter_control.h"
-#include "dm_driver.h"
+#include "dm_owner_wnd.h"
 #include "resources/resource.h"
 #include "support/test_platform.h"
 #include "support/windows_driver.h"
@@ -18,31 +17,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
-
-// A window that notes what its controls tell it.
-class OwnerWnd : public CWnd {
-  public:
-    OwnerWnd() {
-        CreateEx(0, nullptr, L"Owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(100, 100, 600, 500), nullptr,
-                 0);
-    }
-    std::vector<SPC_NMHDR> m_sized;
-    std::vector<UINT> m_clicked;
-
-  protected:
-    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override {
-        const auto* notification = reinterpret_cast<NMHDR*>(lParam);
-        if (notification->code == SPN_SIZED) {
-            EXPECT_EQ(wParam, notification->idFrom);
-            m_sized.push_back(*reinterpret_cast<SPC_NMHDR*>(lParam));
-        }
-        return CWnd::OnNotify(wParam, lParam, pResult);
-    }
-    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override {
-        if (HIWORD(wParam) == BN_CLICKED && lParam != 0) m_clicked.push_back(LOWORD(wParam));
-        return CWnd::OnCommand(wParam, lParam);
-    }
-};
 
 class Splitter : public testing::Test {
   protected:
@@ -60,33 +34,6 @@ class Splitter : public testing::Test {
 
     OwnerWnd m_owner;
     CSplitterControl m_bar;
-};
-
-CBalloonTip* ShowTip(const CString& message, int seconds = 0, BOOL up = FALSE, int lines = -1,
-                     CPoint anchor = CPoint(400, 400)) {
-    const CRect rect(0, 0, 200, 20);
-    return CBalloonTip::Show(anchor, &rect, 6, 16, message, LOGFONT{}, seconds, up, L"Note", 32516, lines);
-}
-
-class Balloon : public testing::Test {
-  protected:
-    ~Balloon() override {
-        if (CWnd* left = CWnd::FromHandlePermanent(FindBalloon())) left->DestroyWindow();
-    }
-    static CRect PlaceOf(HWND window) {
-        CRect rect;
-        GetWindowRect(window, rect);
-        return rect;
-    }
-    // The outline of the balloon's region, from the window's corner.
-    static CRect OutlineOf(HWND window) {
-        CRgn region;
-        region.CreateRectRgn(0, 0, 0, 0);
-        EXPECT_NE(GetWindowRgn(window, region), ERROR);
-        CRect rect;
-        region.GetRgnBox(rect);
-        return rect;
-    }
 };
 
 class OwnerDrawnButton : public testing::Test {
@@ -183,6 +130,17 @@ TEST_F(Splitter, LyingBar_MovesUpAndDown) {
     EXPECT_EQ(m_owner.m_sized[0].delta, -30);
 }
 
+TEST_F(Splitter, OwnerThatIsNotTheParent_IsTold) {
+    OwnerWnd other;
+    m_bar.Create(WS_CHILD | WS_VISIBLE, CRect(100, 10, 120, 310), &m_owner, 77);
+    m_bar.SetRange(50, 400);
+    m_bar.SetOwner(&other);
+    Drag(30, 0);
+    EXPECT_THAT(m_owner.m_sized, IsEmpty());
+    ASSERT_EQ(other.m_sized.size(), 1u);
+    EXPECT_EQ(other.m_sized[0].delta, 30);
+}
+
 TEST_F(Splitter, ReleaseWithoutAPress_TellsNothingAndFreesTheMouse) {
     m_bar.Create(WS_CHILD | WS_VISIBLE, CRect(100, 10, 120, 310), &m_owner, 77);
     m_owner.SetCapture();
@@ -227,159 +185,6 @@ TEST_F(Splitter, LineDrawnTwice_LeavesTheScreenAsItWas) {
     windows::MouseMove(m_bar, {80, 50}, MK_LBUTTON);
     EXPECT_EQ(pixel(), before);
     windows::MouseUp(m_bar, {80, 50});
-}
-
-// --- balloon
-
-TEST_F(Balloon, SecondShow_GivesNull) {
-    CBalloonTip* tip = ShowTip(L"one");
-    ASSERT_NE(tip, nullptr);
-    EXPECT_EQ(ShowTip(L"two"), nullptr);
-    EXPECT_EQ(FindBalloon(), tip->m_hWnd);
-    CBalloonTip::Hide(tip);
-    EXPECT_EQ(FindBalloon(), nullptr);
-    CBalloonTip* next = ShowTip(L"three");
-    EXPECT_NE(next, nullptr);
-    CBalloonTip::Hide(next);
-}
-
-TEST_F(Balloon, HideOfNothing_DoesNothing) {
-    CBalloonTip::Hide(nullptr);
-    CBalloonTip* tip = ShowTip(L"one");
-    CBalloonTip::Hide(nullptr);
-    EXPECT_NE(FindBalloon(), nullptr);
-    CBalloonTip::Hide(tip);
-    CBalloonTip::Hide(tip);  // the pointer of a balloon that is gone, as its owner keeps it
-    EXPECT_EQ(FindBalloon(), nullptr);
-}
-
-TEST_F(Balloon, HangsBelowItsAnchor) {
-    CBalloonTip* tip = ShowTip(L"short");
-    ASSERT_NE(tip, nullptr);
-    const CRect place = PlaceOf(tip->m_hWnd);
-    EXPECT_EQ(place.left, 400 - 100);
-    EXPECT_EQ(place.top, 400 - GetSystemMetrics(SM_CYSIZEFRAME));
-    EXPECT_FALSE(GetWindowLongPtrW(tip->m_hWnd, GWL_STYLE) & (WS_CAPTION | WS_THICKFRAME));
-    EXPECT_TRUE(GetWindowLongPtrW(tip->m_hWnd, GWL_EXSTYLE) & WS_EX_TOPMOST);
-    // Its full width but for the frame, and no higher than seven lines.
-    const CRect outline = OutlineOf(tip->m_hWnd);
-    EXPECT_GT(outline.Width(), 180);
-    EXPECT_LE(outline.Width(), 200);
-    EXPECT_LE(outline.bottom, 7 * 16);
-    CBalloonTip::Hide(tip);
-}
-
-TEST_F(Balloon, Up_StandsAboveItsAnchor) {
-    CBalloonTip* tip = ShowTip(L"short", 0, TRUE);
-    ASSERT_NE(tip, nullptr);
-    const CRect place = PlaceOf(tip->m_hWnd);
-    EXPECT_EQ(place.top,
-              400 - 7 * 16 + 2 * GetSystemMetrics(SM_CYSIZEFRAME) + GetSystemMetrics(SM_CYCAPTION));
-    // The tail's end, the lowest point of the region, touches the anchor.
-    EXPECT_NEAR(place.top + OutlineOf(tip->m_hWnd).bottom, 400, 12);
-    CBalloonTip::Hide(tip);
-}
-
-TEST_F(Balloon, LineCount_MakesItHigher) {
-    CBalloonTip* tip = ShowTip(L"x", 0, FALSE, 9);
-    ASSERT_NE(tip, nullptr);
-    EXPECT_GT(OutlineOf(tip->m_hWnd).bottom, 12 * 16);
-    CBalloonTip::Hide(tip);
-}
-
-TEST_F(Balloon, DoesNotTakeTheFocus) {
-    OwnerWnd owner;
-    owner.SetForegroundWindow();
-    CEdit edit;
-    edit.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 20), &owner, 1);
-    edit.SetFocus();
-    CBalloonTip* tip = ShowTip(L"note");
-    EXPECT_EQ(GetFocus(), edit.m_hWnd);
-    CBalloonTip::Hide(tip);
-}
-
-TEST_F(Balloon, HasAnOwnerThatNobodySees) {
-    CBalloonTip* tip = ShowTip(L"note");
-    ASSERT_NE(tip, nullptr);
-    const HWND owner = GetWindow(tip->m_hWnd, GW_OWNER);
-    EXPECT_NE(owner, nullptr);
-    EXPECT_FALSE(IsWindowVisible(owner));
-    CBalloonTip::Hide(tip);
-    EXPECT_FALSE(IsWindow(owner));
-}
-
-TEST_F(Balloon, LeftClick_LeavesIt_RightClick_ClosesIt) {
-    CBalloonTip* tip = ShowTip(L"note");
-    ASSERT_NE(tip, nullptr);
-    const HWND window = tip->m_hWnd;
-    windows::MouseDown(window, {100, 60});
-    EXPECT_TRUE(IsWindow(window));
-    windows::MouseMove(window, {90, 50});
-    EXPECT_TRUE(IsWindow(window));
-    SendMessageW(window, WM_RBUTTONDOWN, 0, 0);
-    EXPECT_FALSE(IsWindow(window));
-    CBalloonTip* next = ShowTip(L"again");
-    EXPECT_NE(next, nullptr);
-    CBalloonTip::Hide(next);
-}
-
-TEST_F(Balloon, ActivatingAnotherWindow_ClosesIt) {
-    OwnerWnd owner;
-    CBalloonTip* tip = ShowTip(L"note");
-    ASSERT_NE(tip, nullptr);
-    const HWND window = tip->m_hWnd;
-    SetActiveWindow(window);
-    EXPECT_TRUE(IsWindow(window));
-    owner.SetActiveWindow();
-    windows::PumpWaiting();
-    EXPECT_FALSE(IsWindow(window));
-}
-
-TEST_F(Balloon, LeavingTheProgram_ClosesIt) {
-    CBalloonTip* tip = ShowTip(L"note");
-    ASSERT_NE(tip, nullptr);
-    const HWND window = tip->m_hWnd;
-    SendMessageW(window, WM_ACTIVATEAPP, TRUE, 0);
-    EXPECT_TRUE(IsWindow(window));
-    SendMessageW(window, WM_ACTIVATEAPP, FALSE, 0);
-    EXPECT_FALSE(IsWindow(window));
-    CBalloonTip* next = ShowTip(L"again");
-    EXPECT_NE(next, nullptr);
-    CBalloonTip::Hide(next);
-}
-
-TEST_F(Balloon, WithSeconds_ClosesByItself) {
-    CBalloonTip* tip = ShowTip(L"note", 1);
-    ASSERT_NE(tip, nullptr);
-    const HWND window = tip->m_hWnd;
-    EXPECT_TRUE(windows::WaitFor([&] { return !IsWindow(window); }));
-}
-
-TEST_F(Balloon, WithoutSeconds_HasNoTimer) {
-    CBalloonTip* tip = ShowTip(L"note", 0);
-    ASSERT_NE(tip, nullptr);
-    EXPECT_FALSE(tip->KillTimer(500));
-    const HWND window = tip->m_hWnd;
-    SendMessageW(window, WM_TIMER, 500, 0);  // nothing to stop, so nothing happens
-    EXPECT_TRUE(IsWindow(window));
-    CBalloonTip::Hide(tip);
-    EXPECT_FALSE(IsWindow(window));
-}
-
-TEST_F(Balloon, HundredTimes_LeavesNothingBehind) {
-    const auto showOnce = [] {
-        CBalloonTip* tip =
-            ShowTip(L"a message that needs more than one line, since it is longer than the balloon");
-        windows::PumpWaiting();
-        CBalloonTip::Hide(tip);
-    };
-    showOnce();
-    const windows::HandleCount before = windows::HandleCount::Now();
-    for (int i = 0; i < 100; ++i)
-        showOnce();
-    const windows::HandleCount after = windows::HandleCount::Now();
-    EXPECT_EQ(after.windows, before.windows);
-    EXPECT_LE(after.gdi, before.gdi + 2);
 }
 
 // --- owner-drawn button

@@ -291,6 +291,22 @@ TEST_F(DrawingManagerDetails, Help_ShowsTheDisciplinesFirstTopic) {
     EXPECT_THAT(g_topics, ElementsAre(topic, topic));
 }
 
+// --- the shell
+
+TEST_F(DrawingManagerDetails, Explore_HandsTheLocationToTheShell) {
+    UseUsualDatabase();
+    const std::wstring note = InRoot(L"explored.txt");
+    platform::GetRegistry().WriteString(platform::Hive::kClassesRoot, L"Folder\\shell\\explore\\command", L"",
+                                        L"cmd.exe /c echo %1>" + note);
+    Run([&](ManagerDriver& driver) {
+        windows::Click(driver.Dialog(), IDC_EXPLORE);
+        EXPECT_TRUE(windows::WaitFor([&] { return HasFile(note) && !GetBytes(note).empty(); },
+                                     std::chrono::seconds(60)));
+    });
+    EXPECT_NE(GetBytes(note).find(platform::GetText().Narrow(InRoot(L"Drawings"))), std::string::npos)
+        << GetBytes(note);
+}
+
 // --- folders that others make
 
 TEST_F(DrawingManagerDetails, NewFolderThatAnotherProgramMakesInBetween_IsSelectedForItsName) {

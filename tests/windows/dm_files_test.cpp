@@ -337,6 +337,24 @@ TEST_F(DrawingManagerFiles, Delete_AsksWithEachNameAndRecycles) {
     EXPECT_TRUE(HasFile(InDrawings(L"D.dwg")));
 }
 
+TEST_F(DrawingManagerFiles, DeletedDrawings_AreInTheRecycleBin) {
+    UseUsualDatabase();
+    PutDrawings({L"A.dwg", L"50%s \u00C4.dwg", L"Keep.dwg"});
+    const auto countRecycled = [] {
+        SHQUERYRBINFO bin{};
+        bin.cbSize = sizeof(bin);
+        EXPECT_EQ(SHQueryRecycleBinW(nullptr, &bin), S_OK);
+        return bin.i64NumItems;
+    };
+    const auto before = countRecycled();
+    RunAndAnswer({IDYES}, [](ManagerDriver& driver) {
+        driver.SelectRows({L"A", L"50%s \u00C4"});
+        windows::Click(driver.Dialog(), IDC_DELETE_DRAWING);
+        EXPECT_THAT(driver.Rows(), ElementsAre(L"Keep"));
+    });
+    EXPECT_EQ(countRecycled(), before + 2);
+}
+
 TEST_F(DrawingManagerFiles, DeleteAnsweredWithNo_DeletesNothing) {
     UseUsualDatabase();
     PutDrawings({L"A.dwg"});

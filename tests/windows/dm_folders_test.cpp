@@ -145,6 +145,26 @@ TEST_F(DrawingManagerFolders, Rename_MovesTheFolderWithItsContentAndSortsAgain) 
     });
 }
 
+TEST_F(DrawingManagerFolders, RenameOfAFolderThatIsNotSelected_MovesTheSelectedOne) {
+    UseUsualDatabase();
+    PutFolder(InDrawings(L"A"));
+    PutFolder(InDrawings(L"B"));
+    Run([&](ManagerDriver& driver) {
+        driver.SelectItem(Folder(L"A"));
+        SetFocus(driver.Tree());
+        SendMessageW(driver.Tree(), TVM_EDITLABELW, 0, reinterpret_cast<LPARAM>(driver.Item(Folder(L"B"))));
+        ASSERT_NE(driver.TreeEdit(), nullptr);
+        ASSERT_EQ(driver.SelectedLabel(), L"A");
+        windows::EndLabelEdit(driver.TreeEdit(), L"C");
+        EXPECT_TRUE(HasFolder(InDrawings(L"B")));
+        EXPECT_TRUE(HasFolder(InDrawings(L"C")));
+        EXPECT_FALSE(HasFolder(InDrawings(L"A")));
+        EXPECT_EQ(driver.Location(), InDrawings(L"C\\"));
+        EXPECT_THAT(driver.TreeLines(),
+                    ElementsAre(L"Acme", L"  Pump House", L"    A", L"    C", L"Tank Farm"));
+    });
+}
+
 TEST_F(DrawingManagerFolders, RefusedRename_BringsTheOldLabelBackWithoutABox) {
     UseUsualDatabase();
     PutFolder(InDrawings(L"A"));

@@ -74,6 +74,19 @@ TEST_F(DrawingManagerLayout, GrowingDownward_MovesTheHorizontalSplitterAlong) {
     });
 }
 
+TEST_F(DrawingManagerLayout, LaterRun_MeasuresItsFirstChangeAgainstTheLastSize) {
+    UseUsualDatabase();
+    Run([](ManagerDriver&) {});
+    int top = 0;
+    Run([&](ManagerDriver& driver) {
+        top = driver.RectOf(driver.Splitter(IDC_SPLITTER_HORIZONTAL)).top;
+        driver.ResizeTo(driver.WindowRect().Width(), driver.WindowRect().Height() + 60);
+    });
+    Run([&](ManagerDriver& driver) {
+        EXPECT_EQ(driver.RectOf(driver.Splitter(IDC_SPLITTER_HORIZONTAL)).top, top - 60);
+    });
+}
+
 TEST_F(DrawingManagerLayout, NarrowWindow_BringsTheVerticalSplitterAlong) {
     UseUsualDatabase();
     Run([](ManagerDriver& driver) {

@@ -122,6 +122,24 @@ TEST_F(DrawingManagerStart, PalettesButton_OpensTheDialogAtOnce) {
     EXPECT_TRUE(came);
 }
 
+TEST_F(DrawingManagerStart, WarningAboutMissingStandards_ComesBeforeTheDialogIsSeen) {
+    Start();
+    SpendFirstRequest();
+    PutFile(InData(L"ClientDatafile.ini"), "");
+    PutFile(InData(L"ProjectDatafile.ini"), "");
+    SetNumber(kManagerKey, kProjectIdValue, 5);
+    InManager([&](ManagerDriver& driver) {
+        ASSERT_EQ(Boxes().size(), 1u);
+        EXPECT_EQ(Boxes()[0].text,
+                  L"Warning: No standards have been created!\n\nPlease use the Standards Manager to create a "
+                  L"standard.");
+        EXPECT_EQ(Boxes()[0].caption, L"Drawing Manager");
+        EXPECT_EQ(Boxes()[0].owner, m_session->Frame()->m_hWnd);
+        EXPECT_THAT(driver.TreeLines(), IsEmpty());
+        driver.Escape();
+    });
+}
+
 // --- the last document goes
 
 TEST_F(DrawingManagerStart, LastDocumentClosed_BringsTheDialogBack) {
@@ -164,9 +182,12 @@ TEST_F(DrawingManagerStart, SingleDoc_ClosesTheLastDocumentWithoutASecondDialog)
     SetNumber(kManagerKey, kSingleDocumentValue, 1);
     Start();
     SpendFirstRequest();
-    OpenRows({L"P-1"}, ID_DRAWINGS_OPEN);
-    const NoManagerComes none;
-    windows::PumpWaiting();
+    std::unique_ptr<NoManagerComes> none;
+    InManager([&](ManagerDriver& driver) {
+        driver.SelectRows({L"P-1"});
+        none = std::make_unique<NoManagerComes>(driver.Dialog());
+        driver.Command(ID_DRAWINGS_OPEN);
+    });
     EXPECT_EQ(acDocManager->documentCount(), 1);
     EXPECT_EQ(CurrentFile(), InDrawings(L"P-1.dwg"));
 }

@@ -117,6 +117,32 @@ TEST_F(ClientProjTree, LockedItem_LocksItsSubtree) {
     EXPECT_FALSE(m_tree.RefusesEdit(Insert(L"free", kItemFolder)));
 }
 
+TEST_F(ClientProjTree, KeysThatEndOrServeAnEdit_GoToItAtOnce) {
+    const HTREEITEM folder = Insert(L"f", kItemFolder);
+    const auto isTaken = [this](WPARAM key, UINT message = WM_KEYDOWN) {
+        const CEdit* edit = m_tree.GetEditControl();
+        MSG keyDown{edit ? edit->m_hWnd : m_tree.m_hWnd, message, key, 1, 0, {}};
+        return m_tree.PreTranslateMessage(&keyDown) != FALSE;
+    };
+    EXPECT_FALSE(isTaken(VK_RETURN)) << "no edit is under way";
+    m_frame.SetForegroundWindow();
+    m_tree.SetFocus();
+    m_tree.EditLabel(folder);
+    ASSERT_NE(m_tree.GetEditControl(), nullptr);
+    EXPECT_FALSE(isTaken('A'));
+    EXPECT_FALSE(isTaken(VK_TAB));
+    EXPECT_FALSE(isTaken(VK_DELETE, WM_KEYUP));
+    EXPECT_TRUE(isTaken(VK_DELETE));
+    std::array<BYTE, 256> keys{};
+    keys[VK_CONTROL] = 0x80;
+    SetKeyboardState(keys.data());
+    EXPECT_TRUE(isTaken('C'));
+    keys[VK_CONTROL] = 0;
+    SetKeyboardState(keys.data());
+    EXPECT_TRUE(isTaken(VK_ESCAPE));
+    EXPECT_EQ(m_tree.GetEditControl(), nullptr);
+}
+
 TEST_F(DrawingManagerTree, ClientsComeFirst_ThenStandardsOfNobody) {
     UseUsualDatabase();
     m_database.WithClient(2, "Zeta");
@@ -180,6 +206,20 @@ TEST_F(DrawingManagerTree, ExpansionOfAClient_ReadsNothing) {
         driver.Expand({L"Acme"});
         EXPECT_THAT(driver.TreeLines(), ElementsAre(L"Acme", L"  Pump House", L"Tank Farm"));
     });
+}
+
+TEST_F(DrawingManagerTree, ExpansionOfAClient_LooksUnderTheBareNameInTheProcessesFolder) {
+    UseUsualDatabase();
+    SetValue(kProjectIdValue, 6);
+    PutFolder(InRoot(L"Elsewhere\\Pump House\\Found"));
+    wchar_t before[MAX_PATH];
+    GetCurrentDirectoryW(MAX_PATH, before);
+    ASSERT_TRUE(SetCurrentDirectoryW(InRoot(L"Elsewhere").c_str()));
+    Run([](ManagerDriver& driver) {
+        driver.Expand({L"Acme"});
+        EXPECT_THAT(driver.TreeLines(), ElementsAre(L"Acme", L"  Pump House", L"    Found", L"Tank Farm"));
+    });
+    SetCurrentDirectoryW(before);
 }
 
 TEST_F(DrawingManagerTree, Folders_AreSortedWithCapitalsFirst) {

@@ -69,6 +69,31 @@ class FrameSession : public testing::Test {
     std::unique_ptr<frame::Session> m_session;
 };
 
+// A system on which no window can be made, as one whose screen is not there yet.
+class NoWindows {
+  public:
+    NoWindows() : m_hook(SetWindowsHookExW(WH_CBT, Refuse, nullptr, GetCurrentThreadId())) {}
+    ~NoWindows() { UnhookWindowsHookEx(m_hook); }
+    NoWindows(const NoWindows&) = delete;
+    NoWindows& operator=(const NoWindows&) = delete;
+
+  private:
+    static LRESULT CALLBACK Refuse(int code, WPARAM wParam, LPARAM lParam) {
+        return code == HCBT_CREATEWND ? 1 : CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+    HHOOK m_hook;
+};
+
+TEST_F(FrameSession, WithoutAWindow_DoesNotStart) {
+    frame::Session session;
+    {
+        const NoWindows noWindows;
+        EXPECT_FALSE(session.Start(m_options));
+    }
+    EXPECT_EQ(session.Frame(), nullptr);
+    EXPECT_EQ(session.ExitStatus(), 2);
+}
+
 TEST_F(FrameSession, Start_OpensANewDrawing) {
     Start();
     EXPECT_EQ(1, acDocManager->documentCount());

@@ -76,6 +76,28 @@ class ModuleTest : public SystemTest {
         platform::GetRegistry().ReadDword(Hive::kCurrentUser, kPidKey, L"Show Menu", value);
         return value;
     }
+    // A control of the palette's dialog; null while there is none.
+    HWND FindPaletteControl(int id) const {
+        struct Search {
+            int id;
+            HWND found;
+        } search = {id, nullptr};
+        EnumThreadWindows(
+            GetCurrentThreadId(),
+            [](HWND window, LPARAM data) -> BOOL {
+                EnumChildWindows(
+                    window,
+                    [](HWND child, LPARAM inner) -> BOOL {
+                        auto* sought = reinterpret_cast<Search*>(inner);
+                        if (GetDlgCtrlID(child) == sought->id) sought->found = child;
+                        return sought->found == nullptr;
+                    },
+                    data);
+                return reinterpret_cast<Search*>(data)->found == nullptr;
+            },
+            reinterpret_cast<LPARAM>(&search));
+        return search.found;
+    }
     HWND NotifyWindow() const { return GetDlgItem(m_session->Frame()->m_hWnd, 10); }
 
     std::unique_ptr<frame::Session> m_session;
@@ -109,6 +131,64 @@ TEST_F(ModuleTest, LoadWithKnownControls_AsksNothing) {
     EXPECT_TRUE(boxes.Shown().empty());
     EXPECT_EQ(CountSaid(L"Loading "), 1u);
     EXPECT_EQ(CMDIFrameWnd::FromHandle(GetParent(NotifyWindow())), m_session->Frame());
+}
+
+TEST_F(ModuleTest, LoadWithoutControls_LeavesTheCommandsThere) {
+    const windows::BoxAnswers boxes({IDOK, IDOK, IDOK});
+    Start();
+    for (const wchar_t* command : {L"kv2dDrawingManager", L"_kv2dDrawingManager", L"KV2DDRAWINGMANAGER"})
+        Enter(command);
+    EXPECT_EQ(CountSaid(L"Unknown command"), 0u);
+    Enter(L"kv2dNoSuchCommand");
+    EXPECT_EQ(CountSaid(L"Unknown command"), 1u);
+}
+
+TEST_F(ModuleTest, LastKeyOfTheThumbnailWrong_IsToldWithoutRunningTheRegistrar) {
+    KnowControls();
+    platform::GetRegistry().WriteString(Hive::kLocalMachine,
+                                        L"Software\\Classes\\AUTOCAD.DwgThumbnailCtrl.4\\CLSID", L"", L"{}");
+    const windows::BoxAnswers boxes({IDOK});
+    Start();
+    ASSERT_EQ(boxes.Shown().size(), 1u) << "no box about a missing file";
+    EXPECT_TRUE(boxes.Shown()[0].text.starts_with(L"The AutoCAD Drawing Thumbnail ActiveX control"));
+    EXPECT_EQ(boxes.Shown()[0].owner, m_session->Frame()->m_hWnd);
+    EXPECT_EQ(boxes.Shown()[0].caption, L"");
+}
+
+TEST_F(ModuleTest, EveryDocument_HasTheFunctions) {
+    KnowControls();
+    Start();
+    Enter(L"(kv2dMenu_SetTabbedMenu)");
+    Enter(L"_.NEW");
+    Enter(L"");
+    Enter(L"(kv2dMenu_SetTabbedMenu)");
+    EXPECT_EQ(CountSaid(L"Function format is: VOID (kv2dMenu_SetTabbedMenu STR.Menu)"), 2u);
+    EXPECT_EQ(CountSaid(L"no function definition"), 0u);
+}
+
+TEST_F(ModuleTest, DocXDataHasChanged_ShowsTheStoredChoiceAgain) {
+    KnowControls();
+    const windows::BoxAnswers boxes({IDOK, IDOK});
+    Start();
+    Enter(L"(kv2dMenu_Init 1 nil)");
+    const HWND combo = FindPaletteControl(209);
+    ASSERT_NE(combo, nullptr);
+    // Without a notification: what shows is no longer what is stored.
+    SendMessageW(combo, CB_SETCURSEL, 1, 0);
+    Enter(L"(kv2dMenu_DocXDataHasChanged)");
+    EXPECT_EQ(SendMessageW(combo, CB_GETCURSEL, 0, 0), 0);
+}
+
+TEST_F(ModuleTest, DocXRecordHasChanged_LooksAtTheDrawingAnew) {
+    KnowControls();
+    const windows::BoxAnswers boxes({IDOK});
+    Start();
+    Enter(L"(kv2dMenu_Init 2 nil)");
+    const HWND combo = FindPaletteControl(209);
+    ASSERT_NE(combo, nullptr);
+    EnableWindow(combo, TRUE);
+    Enter(L"(kv2dMenu_DocXRecordHasChanged)");
+    EXPECT_FALSE(IsWindowEnabled(combo)) << "a drawing without a project";
 }
 
 TEST_F(ModuleTest, LoadTwice_IsOneModule) {

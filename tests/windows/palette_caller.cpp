@@ -3,9 +3,9 @@
 //
 //     palette_caller PROCESS MONTH CODE VALUE
 //
-// PROCESS is the id of the test program whose registry branch is to be read, MONTH the year and month of the
-// entry ("202611"). The exit status is 0 if the message was answered with 0, 2 if no dialog was found, 3 for
-// another answer, 4 if nobody answered.
+// PROCESS is the id of the test program whose registry branch is to be read, or - for the user's own; MONTH
+// is the year and month of the entry ("202611"), or - for the first there is. The exit status is 0 if the
+// message was answered with 0, 2 if no dialog was found, 3 for another answer, 4 if nobody answered.
 #include <windows.h>
 
 #include <cstdlib>
@@ -35,9 +35,11 @@ std::wstring FindSubkey(const std::wstring& key, const std::wstring& beginning) 
 }
 
 HWND FindPaletteDialog(const std::wstring& process, const std::wstring& month) {
-    const std::wstring branch = FindSubkey(L"Software\\kv2dTests", L"kv2d_" + process + L"_");
-    const std::wstring handles =
-        branch + L"\\CurrentUser\\Software\\KALVOR\\Orvex\\2023\\WindowHandle\\" + month;
+    const std::wstring branch =
+        process == L"-" ? L""
+                        : FindSubkey(L"Software\\kv2dTests", L"kv2d_" + process + L"_") + L"\\CurrentUser\\";
+    const std::wstring months = branch + L"Software\\KALVOR\\Orvex\\2023\\WindowHandle";
+    const std::wstring handles = month == L"-" ? FindSubkey(months, L"") : months + L"\\" + month;
     DWORD handle = 0;
     DWORD size = sizeof(handle);
     const LSTATUS status = RegGetValueW(HKEY_CURRENT_USER, FindSubkey(handles, L"").c_str(), L"ToolboxMenu",

@@ -188,6 +188,19 @@ TEST_F(NewLine, AfterARefusal_AnotherNameCanBeEntered) {
     EXPECT_EQ(Palette().Choice(kPidLineRow), L"P-99");
 }
 
+TEST_F(NewLine, AfterARefusal_TheKeyboardIsItsOwnAndTheMainWindowStaysDisabled) {
+    StartWithDrawing();
+    const windows::BoxAnswers boxes({IDOK});
+    Use([](HWND dialog) {
+        windows::SetText(dialog, IDC_NEW_LINE_NUMBER, L"P-12");
+        windows::Click(dialog, IDOK);
+        EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDC_NEW_LINE_NUMBER));
+        EXPECT_FALSE(IsWindowEnabled(GetWindow(dialog, GW_OWNER)));
+        windows::Click(dialog, IDCANCEL);
+    });
+    EXPECT_EQ(boxes.Shown().size(), 1u);
+}
+
 TEST_F(NewLine, Cancel_WritesNothing) {
     StartWithDrawing();
     const std::string before = LinesFile();

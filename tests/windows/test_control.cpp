@@ -242,12 +242,21 @@ void PutBool(VARIANT* result, bool value) {
     result->boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
+std::wstring TextOfPut(DISPID dispid, const VARIANTARG& value) {
+    std::wstring text = std::to_wstring(dispid) + L" ";
+    if (value.vt == VT_BSTR) return text + (value.bstrVal ? value.bstrVal : L"");
+    if (value.vt == VT_UI4) return text + std::to_wstring(value.ulVal);
+    return text + L"?";
+}
+
 STDMETHODIMP Control::Invoke(DISPID dispid, REFIID, LCID, WORD flags, DISPPARAMS* params, VARIANT* result,
                              EXCEPINFO* info, UINT*) {
     const bool put = (flags & DISPATCH_PROPERTYPUT) != 0;
     const bool named = params->cNamedArgs == 1 && *params->rgdispidNamedArgs == DISPID_PROPERTYPUT;
     if (put != named) return DISP_E_PARAMNOTFOUND;
     const VARIANTARG* args = params->rgvarg;
+    if (put) g_seen.puts.push_back(TextOfPut(dispid, args[0]));
+    if (put && g_seen.takesAll) return S_OK;
     switch (dispid) {
         case 1:
             if (put && args[0].vt == VT_I2) {

@@ -40,6 +40,10 @@ struct Record {
     std::vector<short> iconSizes;      // every one that was set
     std::map<short, short> kinds;      // by number, set by a test
     std::vector<std::wstring> asked;   // names whose State was read
+    // Every property that was set, as its id with the value's text: L"1 good". Set `takesAll` to have
+    // properties of any id and type accepted.
+    std::vector<std::wstring> puts;
+    bool takesAll = false;
 };
 Record& Seen();
 

@@ -222,6 +222,15 @@ TEST_F(ThumbnailControlTest, BlocksThatMultiply_AreShownInPart) {
     }
 }
 
+TEST_F(ThumbnailControlTest, ManyLargeTexts_AreShown) {
+    std::string texts;
+    for (int i = 0; i < 12'000; ++i)
+        texts += "  0\nTEXT\n  8\n0\n 10\n" + std::to_string(i % 100) + "\n 20\n" + std::to_string(i / 100) +
+                 "\n 40\n25\n 50\n" + std::to_string(i % 360) + "\n  1\nPUMP STATION " + std::to_string(i) +
+                 "\n";
+    EXPECT_GT(Ink(Show(Drawing(texts))), 10'000u);
+}
+
 TEST_F(ThumbnailControlTest, AnotherSize_DrawsAnew) {
     Show(BinaryDrawing(2, Bitmap(20, 20)));
     Control().MoveWindow(CRect(10, 10, 110, 60));

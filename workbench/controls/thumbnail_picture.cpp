@@ -29,6 +29,9 @@ namespace {
 constexpr std::size_t kMostFileBytes = 16u << 20;
 // Entities that are drawn, those of blocks counted each time that they are seen.
 constexpr std::size_t kMostPlacedEntities = 50'000;
+// A small picture with more texts than these that can be read is covered by them; each costs up to a
+// millisecond.
+constexpr std::size_t kMostReadableTexts = 300;
 
 frame::Color ToCanvasColor(COLORREF color) {
     return static_cast<frame::Color>(GetRValue(color)) << 16 |
@@ -119,7 +122,7 @@ bool DrawModel(std::string_view excerpt, HDC dc, std::uint32_t* pixels, int widt
     list.Draw(canvas, view, back);
     frame::TextPainter::DrawSmall(canvas, list, view, back);
     frame::TextPainter painter;
-    painter.Draw(dc, list, view, back);
+    painter.Draw(dc, list, view, back, kMostReadableTexts);
     return true;
 }
 

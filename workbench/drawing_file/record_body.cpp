@@ -13,9 +13,9 @@ constexpr std::string_view kBlockReferences = "{BLKREFS";  // follows from the d
 constexpr std::string_view kExtensionRecord = "AcDbXrecord";
 constexpr int kCodeEmbeddedObject = 101;
 
-// The index of the group that closes the list which `first` opens.
+// The index of the group that closes the list which `first` opens. No list goes on over a subclass marker.
 std::size_t EndOfList(std::span<const Group> groups, std::size_t first) {
-    for (std::size_t i = first + 1; i < groups.size(); ++i) {
+    for (std::size_t i = first + 1; i < groups.size() && groups[i].code != kCodeSubclass; ++i) {
         if (groups[i].code == kCodeControl && groups[i].value.starts_with('}')) return i;
     }
     throw DrawingError{groups[first].line, L"A list of an application is not closed."};

@@ -102,6 +102,8 @@ const std::vector<ScriptDirective>& ScriptDirectives() {
         {L"assertpalette", ScriptAction::kAssertPalette, 2},
         {L"assertoutput", ScriptAction::kAssertOutput, 1},
         {L"assertfile", ScriptAction::kAssertFile, 1},
+        {L"run", ScriptAction::kRun, 1},
+        {L"resources", ScriptAction::kResources, 0},
         {L"timeout", ScriptAction::kTimeout, 1},
         {L"quit", ScriptAction::kQuit, 0},
     };

@@ -56,6 +56,8 @@ enum class ScriptAction {
     kAssertPalette,   // palette set, one of left, right, floating, hidden
     kAssertOutput,    // text that the program has said
     kAssertFile,      // path of a file that exists
+    kRun,             // command line of a program that ends with status 0
+    kResources,       //
     kTimeout,         // seconds that every wait from here on may take
     kQuit,            //
 };

@@ -271,6 +271,10 @@ ScriptPlayer::Outcome ScriptPlayer::Attempt(const ScriptStep& step) {
         case ScriptAction::kCloseDialog:
         case ScriptAction::kResizeDialog:
             return AttemptDialog(step);
+        case ScriptAction::kRun:
+            return AttemptRun(step);
+        case ScriptAction::kResources:
+            return {Progress::kDone, {}, [this] { m_stage.note(DescribeResources()); }};
         case ScriptAction::kTimeout: {
             const double seconds = std::wcstod(step.arguments[0].c_str(), nullptr);
             if (!(seconds > 0 && seconds < 3600)) return {Progress::kFailed, L"not a number of seconds", {}};
@@ -288,6 +292,16 @@ ScriptPlayer::Outcome ScriptPlayer::Attempt(const ScriptStep& step) {
 ScriptPlayer::Outcome ScriptPlayer::Input(const ScriptStep& step) {
     if (!m_stage.idle()) return {Progress::kWaiting, L"the command line is not free", {}};
     return {Progress::kDone, {}, [this, line = step.arguments[0]] { m_stage.enter(line); }};
+}
+
+// The other program may need answers from this one: it is not waited for, but looked at.
+ScriptPlayer::Outcome ScriptPlayer::AttemptRun(const ScriptStep& step) {
+    if (!m_program.IsStarted() && !m_program.Start(step.arguments[0]))
+        return {Progress::kFailed, L"it cannot be started", {}};
+    const std::optional<DWORD> status = m_program.Status();
+    if (!status) return {Progress::kWaiting, L"it has not ended", {}};
+    if (*status == 0) return {};
+    return {Progress::kFailed, L"it ended with the status " + std::to_wstring(*status), {}};
 }
 
 ScriptPlayer::Outcome ScriptPlayer::AttemptWait(const ScriptStep& step) {

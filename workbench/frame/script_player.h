@@ -11,6 +11,7 @@
 #include <functional>
 #include <string>
 
+#include "frame/child_program.h"
 #include "frame/picture.h"
 #include "frame/script.h"
 
@@ -64,6 +65,7 @@ class ARX_PORT ScriptPlayer {
     void Finish(bool succeeded);
 
     Outcome Attempt(const ScriptStep& step);
+    Outcome AttemptRun(const ScriptStep& step);
     Outcome AttemptWait(const ScriptStep& step);
     Outcome AttemptControl(const ScriptStep& step);
     Outcome AtPoint(POINT point, std::function<void()> act);
@@ -89,6 +91,7 @@ class ARX_PORT ScriptPlayer {
     int m_restingTicks = 0;  // for which it has been there
     bool m_busy = false;
     bool m_finished = false;
+    ChildProgram m_program;
     bool m_givingUp = false;
     unsigned int m_closings = 0;  // tries to close a dialog
     Picture m_lastLook;           // of the screen, to see whether it has come to rest

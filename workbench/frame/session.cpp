@@ -187,7 +187,10 @@ bool Session::OpenWindow() {
     };
     m_frame = new MainFrame(events);
     // Pictures of a script do not depend on where somebody left the window or the pointer.
-    if (!m_frame->CreateFrame(!m_scripted)) return false;
+    if (!m_frame->CreateFrame(!m_scripted)) {
+        m_frame = nullptr;  // without a window it has deleted itself
+        return false;
+    }
     if (m_scripted) SetCursorPos(0, 0);
     SetHostFrame(m_frame);
     m_frame->ShowWindow(SW_SHOW);

@@ -59,7 +59,8 @@ HFONT TextPainter::FontFor(int height, int tenthsOfDegree) {
     return m_fonts.emplace(key, CreateFontIndirectW(&description)).first->second;
 }
 
-void TextPainter::Draw(HDC dc, const DisplayList& list, const ViewTransform& view, Color background) {
+void TextPainter::Draw(HDC dc, const DisplayList& list, const ViewTransform& view, Color background,
+                       std::size_t mostTexts) {
     const WorldBox visible = view.Visible();
     const HGDIOBJ fontBefore = SelectObject(dc, GetStockObject(DEFAULT_GUI_FONT));
     SetBkMode(dc, TRANSPARENT);
@@ -67,6 +68,7 @@ void TextPainter::Draw(HDC dc, const DisplayList& list, const ViewTransform& vie
     for (const DisplayText& text : list.Texts()) {
         const double height = text.height * view.Scale();
         if (height < kSmallestReadable || height > kLargestDrawn || !text.box.Overlaps(visible)) continue;
+        if (mostTexts-- == 0) break;
         if (m_fonts.size() >= kMostFonts) {
             SelectObject(dc, GetStockObject(DEFAULT_GUI_FONT));
             DropFonts();

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <map>
 #include <utility>
 
@@ -17,8 +18,10 @@ class TextPainter {
     TextPainter(const TextPainter&) = delete;
     TextPainter& operator=(const TextPainter&) = delete;
 
-    // Draws the texts in sight that are large enough to be read. `dc` draws into the view's picture.
-    void Draw(HDC dc, const DisplayList& list, const ViewTransform& view, Color background);
+    // Draws the texts in sight that are large enough to be read, the first `mostTexts` of them. `dc` draws
+    // into the view's picture.
+    void Draw(HDC dc, const DisplayList& list, const ViewTransform& view, Color background,
+              std::size_t mostTexts = SIZE_MAX);
     // Draws a thin line in place of each text in sight that is too small to be read.
     static void DrawSmall(Canvas& canvas, const DisplayList& list, const ViewTransform& view,
                           Color background);

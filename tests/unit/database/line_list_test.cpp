@@ -222,10 +222,47 @@ TEST_F(LineListTest, CreateLine_DefaultNameOfADeletedLine_IsTakenToo) {
     EXPECT_EQ(m_strName, L"Line 7");
 }
 
+TEST_F(LineListTest, CreateLine_NamesThatOnlyLookLikeDefaultNames_TakeNoNumber) {
+    ADatabase(*this)
+        .WithProject(5, "Pump")
+        .WithLastLineId(4)
+        .WithLine(5, 1, "Line 5")
+        .WithLine(5, 2, "Line 06")
+        .WithLine(5, 3, "Line 6 ")
+        .WithLine(5, 4, "Line +6");
+    EXPECT_EQ(CreateLine(5, m_nId, m_strName), kLineOk);
+    EXPECT_EQ(m_strName, L"Line 6");
+}
+
+TEST_F(LineListTest, CreateLine_NumbersTakenInAnyOrderAndInBothSections_FindsTheFirstGap) {
+    ADatabase(*this)
+        .WithProject(5, "Pump")
+        .WithLastLineId(4)
+        .WithLine(5, 1, "Line 9")
+        .WithDeletedLine(5, 2, "Line 6")
+        .WithLine(5, 3, "Line 5")
+        .WithLine(5, 40, "Line 3")
+        .WithDeletedLine(5, 41, "Line 7")
+        .WithLine(5, 42, "Line 999999999999999999999");
+    EXPECT_EQ(CreateLine(5, m_nId, m_strName), kLineOk);
+    EXPECT_EQ(m_strName, L"Line 8");
+}
+
 TEST_F(LineListTest, CreateLine_DefaultNameInOtherLetterCase_IsFree) {
     ADatabase(*this).WithProject(5, "Pump").WithLastLineId(4).WithLine(5, 2, "line 5");
     EXPECT_EQ(CreateLine(5, m_nId, m_strName), kLineOk);
     EXPECT_EQ(m_strName, L"Line 5");
+}
+
+TEST_F(LineListTest, CreateLine_DefaultNameOfARowWithoutKey_IsFreeWhoeverElseBearsIt) {
+    ADatabase(*this)
+        .WithProject(5, "Pump")
+        .WithLastLineId(4)
+        .WithProjectFileRow(5, L"Lines.ini", "LineList", " = Line 6")
+        .WithLine(5, 2, "Line 5")
+        .WithLine(5, 3, "Line 6");
+    EXPECT_EQ(CreateLine(5, m_nId, m_strName), kLineOk);
+    EXPECT_EQ(m_strName, L"Line 6");
 }
 
 TEST_F(LineListTest, CreateLine_OneCounterServesAllProjects) {

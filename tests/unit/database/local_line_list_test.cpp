@@ -230,11 +230,6 @@ TEST_F(LocalLineListTest, CreateLocalLineIni_WithoutNames_HoldsTheSectionAlone) 
     EXPECT_FALSE(HasFile(m_strCounter));
 }
 
-TEST_F(LocalLineListTest, CreateLocalLineIni_OfAProjectThatDoesNotResolve_DoesNothing) {
-    CreateLocalLineIni(13, L"PID", kDrawing, {L"B"});
-    EXPECT_FALSE(HasFile(m_strFile));
-}
-
 // Adding many lines at once must leave what creating and renaming them one by one leaves.
 TEST_F(LocalLineListTest, CreateLocalLineIni_LeavesWhatCreatingAndRenamingOneByOneLeaves) {
     const std::vector<std::wstring> astrNames = {L"Line 9", L"A",      L"A", L"-",       L" B ", L"B",
@@ -266,6 +261,49 @@ TEST_F(LocalLineListTest, GetLocalLineList_LostCounter_LeavesWhatCreatingAndRena
         RenameLocalLine(12, L"PID", strOther, m_nId, strName);
     }
     EXPECT_EQ(GetBytes(m_strFile), GetBytes(InLocal(L"PID_12_Otherline.ini")));
+}
+
+// A search by name ends at the row without a key, so the name counts as free, whoever else bears it.
+TEST_F(LocalLineListTest, GetLocalLineList_RowWithoutKey_LeavesWhatCreatingAndRenamingOneByOneLeaves) {
+    const std::string strRows =
+        Lines({"[LineList]", "KV2D_LINE_1 = A", " = B", "KV2D_LINE_2 = B", "KV2D_LINE_3 = Line 5"});
+    const std::vector<std::wstring> astrNames = {L"C", L"-", L"C", L"D"};
+    const std::wstring strOther = L"c:\\p\\Other.dwg";
+    PutFile(m_strFile, strRows);
+    PutFile(m_strCounter, Lines({"[General]", "LastLineId = 3"}));
+    FetchLines(astrNames);
+    PutFile(InLocal(L"PID_12_Otherline.ini"), strRows);
+    PutFile(m_strCounter, Lines({"[General]", "LastLineId = 3"}));
+    for (const std::wstring& strName : astrNames) {
+        CreateLocalLine(12, L"PID", strOther, m_nId, m_strName);
+        RenameLocalLine(12, L"PID", strOther, m_nId, strName);
+    }
+    EXPECT_EQ(GetBytes(m_strFile), GetBytes(InLocal(L"PID_12_Otherline.ini")));
+    EXPECT_EQ(RenameLocalLine(12, L"PID", kDrawing, 1, L"B"), kLineOk);
+    EXPECT_EQ(RenameLocalLine(12, L"PID", kDrawing, 2, L"A"), kLineOk);
+}
+
+TEST_F(LocalLineListTest, GetLocalLineList_KeyThatASaveChanges_LeavesWhatCreatingAndRenamingOneByOneLeaves) {
+    const std::string strRows = Lines({"[LineList]", "KV2D_LINE_2 =]] = A", "KV2D_LINE_3 = B"});
+    const std::wstring strOther = L"c:\\p\\Other.dwg";
+    PutFile(m_strFile, strRows);
+    PutFile(m_strCounter, Lines({"[General]", "LastLineId = 3"}));
+    FetchLines({L"C", L"A"});
+    PutFile(InLocal(L"PID_12_Otherline.ini"), strRows);
+    PutFile(m_strCounter, Lines({"[General]", "LastLineId = 3"}));
+    CreateLocalLine(12, L"PID", strOther, m_nId, m_strName);
+    RenameLocalLine(12, L"PID", strOther, m_nId, L"C");
+    EXPECT_EQ(GetBytes(m_strFile), GetBytes(InLocal(L"PID_12_Otherline.ini")));
+    EXPECT_EQ(GetBytes(m_strFile),
+              Lines({"[LineList]", "KV2D_LINE_2 = = A", "KV2D_LINE_3 = B", "KV2D_LINE_4 = C"}));
+}
+
+TEST_F(LocalLineListTest, GetLocalLineList_CounterAtTheLargestNumber_GivesRowsWithoutKeyAndDoesNotCrash) {
+    PutFile(m_strFile, Lines({"[LineList]", "KV2D_LINE_1 = A"}));
+    PutFile(m_strCounter, Lines({"[General]", "LastLineId = 2147483646"}));
+    FetchLines({L"A", L"B", L"C"});
+    EXPECT_THAT(m_anIds, ElementsAre(0, 1, 2147483647));
+    EXPECT_THAT(m_astrNames, ElementsAre(L"Line -2147483648", L"A", L"B"));
 }
 
 TEST_F(LocalLineListTest, CacheOfTheProject_IsSharedByBothModesWhateverTheDrawing) {
@@ -313,6 +351,12 @@ TEST_F(LocalLineWithoutFolderTest, CreateLocalLine_UsesTheRootOfTheCurrentDrive)
     EXPECT_EQ(nId, 1);
     EXPECT_TRUE(HasFile(L"C:\\LineDatafile.ini"));
     EXPECT_TRUE(HasFile(L"C:\\PID_12_Plant1line.ini"));
+}
+
+TEST_F(LocalLineWithoutFolderTest, CreateLocalLineIni_OfAProjectThatDoesNotResolve_WritesNothing) {
+    ADatabase(*this).WithProject(12, "Pump");
+    EXPECT_EQ(CreateLocalLineIni(13, L"PID", L"Plant1.dwg", {L"B"}), L"");
+    EXPECT_EQ(GetMemory().log.GetCount(L"WriteBytes"), 0u);
 }
 
 }  // namespace

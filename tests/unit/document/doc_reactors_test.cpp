@@ -187,6 +187,23 @@ TEST(DocReactorsWithoutHost, EndBehindTheHosts_TouchesNothing) {
     EXPECT_TRUE(documents.IsAttached()) << "there was nothing to detach from";
 }
 
+TEST_F(DocReactorsTest, Attach_DetachesFirst) {
+    class Counting : public kv2dEditorReactor {
+      public:
+        Counting() : kv2dEditorReactor(false) {}
+        void Detach() override {
+            ++m_detached;
+            kv2dEditorReactor::Detach();
+        }
+        int m_detached = 0;
+    };
+    Counting reactor;
+    reactor.Attach();
+    reactor.Attach();
+    EXPECT_EQ(reactor.m_detached, 2);
+    EXPECT_TRUE(reactor.IsAttached());
+}
+
 // The four operations that the two classes add are virtual: whoever derives from one may replace them.
 TEST_F(DocReactorsTest, Attach_AsksTheDerivedClassForItsSubject) {
     class WithoutSubject : public kv2dDocManagerReactor {

@@ -349,7 +349,9 @@ TEST_F(DocXDataTest, RecordThatAnotherHasOpen_IsNotWrittenAndNothingIsSaid) {
     {
         const Lock lock(m_document);
         AcDbObjectPointer<AcDbBlockTableRecord> reader(GetModelSpaceId(nullptr), AcDb::kForRead);
+        LockCounter locks;
         WriteProject(2);
+        EXPECT_EQ(locks.GetTaken(), 0) << "a lock would not help";
     }
     EXPECT_EQ(CKV2D_DocXData(kDocXDataAppName).m_projectId, 1);
     EXPECT_THAT(GetBoxes(), IsEmpty());

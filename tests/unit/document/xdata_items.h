@@ -50,9 +50,10 @@ class XDataItems {
 
   private:
     resbuf& Add(short code) {
+        resbuf* last = m_items.empty() ? nullptr : &m_items.back();
         resbuf& item = m_items.emplace_back();
         item.restype = code;
-        Link();
+        if (last != nullptr) last->rbnext = &item;
         return item;
     }
     // Erasing from a deque moves items, so all links are set anew.

@@ -157,6 +157,15 @@ TEST(DamagedDrawing, WithAnyLineHostile_IsReadOrRefusedButNeverHarmful) {
     }
 }
 
+TEST(DamagedDrawing, ListOfAnApplication_EndsAheadOfTheNextMarker) {
+    const auto withList = [](const char* list) {
+        return Entities("0\nLINE\n102\n{OURS\n" + std::string(list) + "100\nAcDbLine\n10\n1\n");
+    };
+    EXPECT_TRUE(Read(withList("1000\nx\n102\n}\n")).IsRead());
+    EXPECT_THAT(ErrorOf(withList("1\nx\n100\nAcDbEntity\n102\n}\n")),
+                StartsWith(L"Line 8: A list of an application is not closed."));
+}
+
 TEST(DamagedDrawing, BinaryBytes_AreRefusedWithTheirLine) {
     std::string bytes;
     for (int i = 0; i < 4096; ++i)

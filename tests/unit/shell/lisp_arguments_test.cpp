@@ -68,6 +68,28 @@ TEST(InitArguments, AnythingElse_IsRefused) {
     EXPECT_FALSE(TakesInit(Arguments().T().Short(2)));
 }
 
+TEST(InitArguments, ListsPointsAndOtherStates_AreRefused) {
+    for (const short type :
+         {RTLB, RTPOINT, RT3DPOINT, RTENAME, RTVOID, RTREAL, RTSTR, RTSHORT, RTLONG, RTNONE})
+        EXPECT_FALSE(TakesInit(Arguments().Short(2).Item(type))) << type;
+    for (const short type : {RTLB, RTPOINT, RTENAME, RTNIL, RTT, RTREAL, RTNONE})
+        EXPECT_FALSE(TakesInit(Arguments().Item(type).T())) << type;
+    EXPECT_FALSE(TakesInit(Arguments().Short(2).Item(RTLB).T().Item(RTLE)));
+}
+
+TEST(InitArguments, NegativeAndLargeNumbers_AreTakenAsTheyAre) {
+    int app = 0;
+    bool ini = false;
+    for (const int number : {-1, 0, 11, -32768, 32767}) {
+        EXPECT_TRUE(TakeInitArguments(Arguments().Short(static_cast<short>(number)).T().Get(), app, ini));
+        EXPECT_EQ(app, number);
+    }
+    for (const int number : {-2147483647 - 1, 2147483647}) {
+        EXPECT_TRUE(TakeInitArguments(Arguments().Long(number).T().Get(), app, ini));
+        EXPECT_EQ(app, number);
+    }
+}
+
 TEST(InitArguments, Refused_LeavesTheResultsAlone) {
     int app = 77;
     bool ini = true;
@@ -117,4 +139,27 @@ TEST(ToggleArguments, AnythingElse_IsRefused) {
     EXPECT_FALSE(TakesToggle(Arguments().Text(L"x").Long(1)));
     EXPECT_FALSE(TakesToggle(Arguments().Text(L"x").Real(1)));
     EXPECT_FALSE(TakesToggle(Arguments().Text(L"x").T().T()));
+}
+
+TEST(ToggleArguments, OtherStatesAndNames_AreRefused) {
+    for (const short type : {RTLB, RTPOINT, RT3DPOINT, RTENAME, RTVOID, RTREAL, RTSTR, RTLONG, RTNONE})
+        EXPECT_FALSE(TakesToggle(Arguments().Text(L"x").Item(type))) << type;
+    for (const short type : {RTNIL, RTT, RTSHORT, RTLONG, RTREAL, RTENAME})
+        EXPECT_FALSE(TakesToggle(Arguments().Item(type).T())) << type;
+}
+
+TEST(ToggleArguments, Refused_LeavesTheResultsAlone) {
+    std::wstring name = L"before";
+    bool state = true;
+    EXPECT_FALSE(TakeToggleArguments(Arguments().Text(L"x").Nil().Nil().Get(), name, state));
+    EXPECT_FALSE(TakeToggleArguments(Arguments().Text(L"x").Text(L"y").Get(), name, state));
+    EXPECT_EQ(name, L"before");
+    EXPECT_TRUE(state);
+}
+
+TEST(ToggleArguments, EmptyName_IsAName) {
+    std::wstring name = L"before";
+    bool state = false;
+    EXPECT_TRUE(TakeToggleArguments(Arguments().Text(L"").T().Get(), name, state));
+    EXPECT_EQ(name, L"");
 }

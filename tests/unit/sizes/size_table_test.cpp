@@ -165,6 +165,14 @@ TEST_F(SizeTableTest, LoadSizeTable_ColumnLayout_IsCutByPosition) {
     EXPECT_THAT(LoadRows(L"Metric OD Sizes"), ElementsAre(L" 6.00X 4.00=168.3 x 114.3"));
 }
 
+TEST_F(SizeTableTest, LoadSizeTable_ColumnLayout_FullColumnsKeepEveryCharacter) {
+    PutFile(InAnsi(L"size.tp"),
+            "2          i123456789ABCDEFGHim123456789ABCDEFGHIJmo123456789ABCDEFGHIJKLo!\r\n");
+    EXPECT_THAT(LoadRows(L"Imperial US Sizes"), ElementsAre(L" 2.00=123456789ABCDEFGHi"));
+    EXPECT_THAT(LoadRows(L"Metric NPS Sizes"), ElementsAre(L" 2.00=m123456789ABCDEFGHIJ"));
+    EXPECT_THAT(LoadRows(L"Metric OD Sizes"), ElementsAre(L" 2.00=mo123456789ABCDEFGHIJK"));
+}
+
 TEST_F(SizeTableTest, LoadSizeTable_ShortLineOfTheColumnLayout_HasEmptyColumns) {
     PutFile(InAnsi(L"size.tp"), "2           2\"");
     EXPECT_THAT(LoadRows(L"Imperial US Sizes"), ElementsAre(L" 2.00=2\""));

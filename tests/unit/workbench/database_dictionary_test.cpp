@@ -38,6 +38,35 @@ TEST_F(DictionaryTest, SetAt_GivesIdAndOwner_AndFindsItInAnyCase) {
     EXPECT_STREQ(name, L"FilteredLineIds");
 }
 
+TEST_F(DictionaryTest, SetAt_MakesTheDictionaryAReactorOfItsEntry) {
+    const AcDbObjectId id = Put(L"A");
+    EXPECT_EQ(database::DataOf(*id.stub()).reactors, std::vector<AcDbStub*>{m_root->objectId().stub()});
+}
+
+TEST_F(DictionaryTest, Remove_LeavesAnObjectWithoutOwner) {
+    const AcDbObjectId id = Put(L"A");
+    EXPECT_EQ(m_root->remove(id), Acad::eOk);
+    EXPECT_EQ(m_root->remove(id), Acad::eKeyNotFound);
+    AcDbObjectPointer<AcDbXrecord> record(id);
+    ASSERT_EQ(record.openStatus(), Acad::eOk);
+    EXPECT_TRUE(record->ownerId().isNull());
+}
+
+TEST_F(DictionaryTest, Erase_OfADictionary_LeavesWhatIsOnlyNamedInIt) {
+    AcDbDatabase drawing(false, true);
+    database::Builder builder(drawing);
+    auto& root = builder.NamedObjects(0);
+    auto& index = builder.Object<database::DictionaryData>(0, root.stub);
+    auto& record = builder.Object<database::XrecordData>(0, root.stub);
+    builder.AddEntry(root, L"INDEX", index.stub);
+    builder.AddEntry(root, L"RECORD", record.stub);
+    builder.AddEntry(index, L"RECORD", record.stub);
+    builder.Finish();
+    AcDbObjectPointer<AcDbDictionary> dictionary(AcDbObjectId(index.stub), AcDb::kForWrite);
+    EXPECT_EQ(dictionary->erase(), Acad::eOk);
+    EXPECT_FALSE(AcDbObjectId(record.stub).isErased());
+}
+
 TEST_F(DictionaryTest, SetAt_LeavesTheObjectOpenForWrite) {
     auto* record = new AcDbXrecord;
     AcDbObjectId id;

@@ -146,6 +146,38 @@ TEST_F(EntitiesTest, Attributes_ComeInOrder_WithoutErasedOnes) {
     EXPECT_EQ(TagsOf(reference), (std::vector<std::wstring>{L"LIN_NUM", L"SPEC"}));
 }
 
+TEST_F(EntitiesTest, Attributes_AreWalkedBackwardsToo) {
+    const AcDbObjectId id = AReference(L"PIP_BLK");
+    const AcDbObjectId first = Attach(id, L"LIN_NUM", L"100");
+    const AcDbObjectId erased = Attach(id, L"SIZE", L"4");
+    const AcDbObjectId last = Attach(id, L"SPEC", L"CS1");
+    AcDbObjectPointer<AcDbAttribute>(erased, AcDb::kForWrite)->erase();
+    AcDbObjectPointer<AcDbBlockReference> reference(id);
+    const std::unique_ptr<AcDbObjectIterator> attributes(reference->attributeIterator());
+    attributes->start(false);
+    EXPECT_EQ(attributes->objectId(), last);
+    attributes->step(true);
+    EXPECT_EQ(attributes->objectId(), first);
+    attributes->step(true);
+    EXPECT_TRUE(attributes->done());
+    EXPECT_TRUE(attributes->objectId().isNull());
+    attributes->start();
+    EXPECT_EQ(attributes->objectId(), first);
+}
+
+TEST_F(EntitiesTest, Attributes_AreClosedByOneEndOfTheSequence) {
+    const AcDbObjectId id = AReference(L"PIP_BLK");
+    const auto& data = *database::DataAs<database::BlockReferenceData>(id.stub());
+    EXPECT_EQ(data.sequenceEnd, nullptr);
+    Attach(id, L"LIN_NUM", L"100");
+    const AcDbStub* end = data.sequenceEnd;
+    ASSERT_NE(end, nullptr);
+    EXPECT_EQ(database::DataOf(*end).owner, id.stub());
+    EXPECT_EQ(database::DataAs<database::ProxyEntityData>(end)->dxfName, L"SEQEND");
+    Attach(id, L"SIZE", L"4");
+    EXPECT_EQ(data.sequenceEnd, end);
+}
+
 TEST_F(EntitiesTest, Attributes_BelongToTheReferenceAndItsBlock) {
     const AcDbObjectId reference = AReference(L"PIP_BLK");
     AcDbObjectPointer<AcDbAttribute> attribute(Attach(reference, L"LIN_NUM", L"100"));

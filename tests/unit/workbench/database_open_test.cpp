@@ -268,6 +268,22 @@ TEST_F(OpenTest, ObjectPointer_Release_HandsOver) {
     EXPECT_EQ(database::OpenObjects(Drawing()), 0);
 }
 
+TEST_F(OpenTest, AddObject_WithoutLock_IsRefusedAndTheObjectStaysTheCallers) {
+    AcDbXrecord record;
+    m_guard.allowed = false;
+    EXPECT_EQ(Drawing().addAcDbObject(&record), Acad::eLockViolation);
+    EXPECT_TRUE(record.objectId().isNull());
+    EXPECT_EQ(Drawing().addAcDbObject(nullptr), Acad::eNullObjectPointer);
+    m_guard.allowed = true;
+    auto* added = new AcDbXrecord;
+    AcDbObjectId id;
+    EXPECT_EQ(Drawing().addAcDbObject(id, added), Acad::eOk);
+    EXPECT_EQ(Drawing().addAcDbObject(added), Acad::eAlreadyInDb);
+    EXPECT_EQ(added->objectId(), id);
+    EXPECT_TRUE(added->isWriteEnabled());
+    added->close();
+}
+
 TEST_F(OpenTest, Append_LeavesTheEntityOpenForWrite) {
     AcDbObjectPointer<AcDbBlockTableRecord> space(ModelSpaceId(), AcDb::kForWrite);
     auto* line = new AcDbLine;

@@ -148,6 +148,24 @@ TEST_F(XDataTest, Set_Exactly16Kilobytes_FitsAndOneByteMoreDoesNot) {
     EXPECT_EQ(set(rest + 1), Acad::eXdataSizeExceeded);
 }
 
+TEST_F(XDataTest, Set_TogetherWithAnotherApplicationExactly16Kilobytes_Fits) {
+    ASSERT_EQ(acdbRegApp(L"OTHER"), RTNORM);
+    const std::wstring full(255, L'x');
+    resbuf* items = acutBuildList(1001, kName, RTNONE);
+    resbuf* tail = items;
+    for (int i = 0; i < 63; ++i)
+        tail = tail->rbnext = acutBuildList(1000, full.c_str(), RTNONE);
+    const List list(items);
+    ASSERT_EQ(m_line->setXData(list.get()), Acad::eOk);
+    const std::size_t rest = 16 * 1024 - (2 + 1 + std::wcslen(kName)) - 63 * 258 - (2 + 1 + 5) - 3;
+    const auto set = [&](std::size_t length) {
+        const List other(acutBuildList(1001, L"OTHER", 1000, std::wstring(length, L'y').c_str(), RTNONE));
+        return m_line->setXData(other.get());
+    };
+    EXPECT_EQ(set(rest + 1), Acad::eXdataSizeExceeded);
+    EXPECT_EQ(set(rest), Acad::eOk);
+}
+
 TEST_F(XDataTest, Set_Binary255Bytes_Fits_256DoesNot) {
     std::string bytes(256, '\x7F');
     const auto set = [&](short length) {

@@ -107,6 +107,23 @@ TEST_F(CommandLineTest, SessionCommand_RunsInApplicationContextWithoutALock) {
     EXPECT_EQ(status, Acad::eLockViolation);
 }
 
+TEST_F(CommandLineTest, InputQueuedInASessionCommand_WaitsUntilItHasEnded) {
+    ADocument();
+    Add(L"_a", L"a", ACRX_CMD_SESSION);
+    bool ran = true;
+    int runsThen = 0;
+    s_body = [&] {
+        if (s_runs > 1) return;
+        acDocManager->sendStringToExecute(acDocManager->curDocument(), L"a\n");
+        ran = m_host->RunQueuedInput();  // as the message loop of a dialog does
+        runsThen = s_runs;
+    };
+    Type(L"a\n");
+    EXPECT_FALSE(ran);
+    EXPECT_EQ(runsThen, 1);
+    EXPECT_EQ(s_runs, 2);
+}
+
 TEST_F(CommandLineTest, Command_EventsAndNames) {
     ADocument();
     Add(L"_a", L"a");

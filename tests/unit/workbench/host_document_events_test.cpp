@@ -127,6 +127,30 @@ TEST_F(DocumentEventsTest, AnotherActivatedByAReactor_IsTheActiveOneInTheEnd) {
                                      L"activated Drawing2.dwg"}));
 }
 
+TEST_F(DocumentEventsTest, ActiveDocumentThatIsNotCurrent_BecomesCurrentWithoutBeingLeft) {
+    host::Document& first = ADocument();
+    host::Document& second = ADocument();
+    ASSERT_EQ(acDocManager->setCurDocument(&first), Acad::eOk);
+    DocumentEvents events;
+    EXPECT_EQ(acDocManager->activateDocument(&second), Acad::eOk);
+    EXPECT_EQ(acDocManager->curDocument(), &second);
+    EXPECT_EQ(events.events, (Events{L"toBeActivated Drawing2.dwg", L"becameCurrent Drawing2.dwg",
+                                     L"activated Drawing2.dwg"}));
+    EXPECT_EQ(acDocManager->activateDocument(&second), Acad::eOk);
+    EXPECT_EQ(events.events.size(), 3u) << "nothing is told of what is so already";
+}
+
+TEST_F(DocumentEventsTest, LoadDrawingMessage_FindsTheNewDocumentCurrentWhateverReactorsDid) {
+    host::Document& first = ADocument();
+    ASSERT_TRUE(m_host->Apps().loadModule(L"app.arx", false, false));
+    FakeApplication::messages.clear();
+    DocumentEvents events;
+    events.on[L"activated"] = [&](AcApDocument*) { acDocManager->setCurDocument(&first); };
+    EXPECT_EQ(acDocManager->appContextNewDocument(nullptr), Acad::eOk);
+    EXPECT_EQ(FakeApplication::messages, (Events{std::to_wstring(AcRx::kLoadDwgMsg) + L" Drawing2.dwg"}));
+    EXPECT_EQ(acDocManager->curDocument(), &first);
+}
+
 // --- What comes while a document is torn down.
 
 TEST_F(DocumentEventsTest, DocumentToBeDestroyed_IsStillWhole) {
@@ -248,6 +272,43 @@ TEST_F(DocumentEventsTest, HostThatEnds_TearsDownEachDocumentInTurn) {
                             L"destroyed C:\\P\\a.dwg count 1"}));
 }
 
+TEST_F(DocumentEventsTest, LocksOfDifferentKinds_AreGivenBackLastFirst) {
+    host::Document& document = ADocument();
+    DocumentEvents events;
+    EXPECT_EQ(acDocManager->lockDocument(&document, AcAp::kRead), Acad::eOk);
+    EXPECT_EQ(acDocManager->lockDocument(&document, AcAp::kWrite), Acad::eOk);
+    EXPECT_EQ(acDocManager->lockDocument(&document, AcAp::kRead), Acad::eOk);
+    EXPECT_EQ(document.myLockMode(), AcAp::kWrite) << "the strongest counts";
+    EXPECT_EQ(document.lockMode(), AcAp::kNotLocked) << "those of application code are left out";
+    EXPECT_EQ(acDocManager->unlockDocument(&document), Acad::eOk);
+    EXPECT_EQ(TryWrite(document), Acad::eOk);
+    EXPECT_EQ(acDocManager->unlockDocument(&document), Acad::eOk);
+    EXPECT_EQ(TryWrite(document), Acad::eLockViolation);
+    EXPECT_EQ(document.myLockMode(), AcAp::kRead);
+    EXPECT_EQ(acDocManager->unlockDocument(&document), Acad::eOk);
+    EXPECT_EQ(events.locks, (Events{L"will 2>32 ", L"did 2>32 ", L"will 32>4 ", L"did 32>4 ", L"will 4>32 ",
+                                    L"did 4>4 ", L"will 4>2 #", L"did 4>4 #", L"will 4>2 #", L"did 4>32 #",
+                                    L"will 32>2 #", L"did 32>2 #"}));
+}
+
+TEST_F(DocumentEventsTest, WithoutDocuments_EveryDatabaseMayBeWritten) {
+    AcDbDatabase database(true, false);
+    AcDbObjectPointer<AcDbBlockTable> table(database.blockTableId(), AcDb::kForWrite);
+    EXPECT_EQ(table.openStatus(), Acad::eOk);
+}
+
+TEST_F(DocumentEventsTest, ExclusiveLock_IsRefusedOverACommandsLock) {
+    host::Document& document = ADocument();
+    EXPECT_TRUE(document.isQuiescent());
+    const host::CommandLock lock(*m_host, document, L"TEST");
+    EXPECT_FALSE(document.isQuiescent());
+    EXPECT_EQ(document.lockMode(), AcAp::kAutoWrite);
+    EXPECT_EQ(document.myLockMode(), AcAp::kNotLocked);
+    EXPECT_EQ(acDocManager->lockDocument(&document, AcAp::kXWrite), Acad::eLockConflict);
+    EXPECT_EQ(acDocManager->lockDocument(&document, AcAp::kWrite), Acad::eOk);
+    EXPECT_EQ(acDocManager->unlockDocument(&document), Acad::eOk);
+}
+
 // --- Saving where another document is.
 
 TEST_F(DocumentEventsTest, SaveAs_OntoTheFileOfAnOpenDocument_IsRefused) {
@@ -266,6 +327,26 @@ TEST_F(DocumentEventsTest, SaveAs_OfAReadOnlyDocument_NeedsAnotherFile) {
     EXPECT_EQ(Documents().SaveAs(document, L"C:\\P\\b.dwg"), Acad::eOk);
     EXPECT_FALSE(document.isReadOnly());
     EXPECT_EQ(Variable(L"WRITESTAT"), L"1");
+}
+
+TEST_F(DocumentEventsTest, Close_OfAReadOnlyDocumentWithWork_SavesWhereTheUserSays) {
+    m_files.texts[L"C:\\P\\a.dwg"] = L"1";
+    ASSERT_EQ(Documents().Open(L"C:\\P\\a.dwg", true), Acad::eOk);
+    Type(L"LINE 0,0 1,1\n\n");
+    m_surface.answer = host::SaveAnswer::kSave;
+    EXPECT_EQ(acDocManager->closeDocument(acDocManager->curDocument()), Acad::eUserBreak) << "no path";
+    m_surface.savePath = L"C:\\P\\b.dwg";
+    EXPECT_EQ(acDocManager->closeDocument(acDocManager->curDocument()), Acad::eOk);
+    EXPECT_EQ(m_files.texts[L"C:\\P\\a.dwg"], L"1");
+    EXPECT_EQ(m_files.texts[L"C:\\P\\b.dwg"], L"2");
+}
+
+TEST_F(DocumentEventsTest, Open_ReadOnlyOnRequest_SaysNothingOfTheOneWhoHasIt) {
+    m_files.texts[L"C:\\P\\a.dwg"] = L"1";
+    m_files.texts[L"C:\\P\\a.dwl"] = L"Somebody";
+    m_surface.transcript.clear();
+    EXPECT_EQ(Documents().Open(L"C:\\P\\a.dwg", true), Acad::eOk);
+    EXPECT_EQ(m_surface.transcript, L"");
 }
 
 TEST_F(DocumentEventsTest, SaveAs_TheNumberOfUntitledDrawingsGoesOn) {
