@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <afxcmn.h>
+#include <afxwin.h>
 
 #include "palette_fixture.h"
 
@@ -226,6 +227,22 @@ TEST_F(PaletteControls, EnterAndEscape_NeverCloseTheDialog) {
         windows::PumpWaiting();
         EXPECT_TRUE(IsWindow(dialog));
         EXPECT_TRUE(IsWindowVisible(dialog));
+    }
+}
+
+TEST_F(PaletteControls, Tab_GoesFromRowToRow) {
+    UseUsualDatabase();
+    StartPalette(kAppPid);
+    NewDrawing(5);
+    Frame().SetForegroundWindow();
+    const PaletteWindow palette = Palette();
+    const auto pumped = [](MSG& message) { return AfxPreTranslateMessage(&message) != FALSE; };
+    SetFocus(palette.Combo(kSpecRow));
+    for (int row : {kMainSizeRow, kPidLineRow}) {
+        windows::PostKey(GetFocus(), VK_TAB);
+        EXPECT_TRUE(
+            windows::WaitFor([&] { return GetFocus() == palette.Combo(row); }, windows::kPatience, pumped))
+            << row;
     }
 }
 

@@ -1,6 +1,7 @@
 // What the palette's controls do: choices go into the drawing's record, the isoplane and the host's snap
 // variables follow each other, the button's tip tells the project.
 #include <afxcmn.h>
+#include <afxwin.h>
 #include <gmock/gmock.h>
 
 #include "document/drawing_queries.h"
@@ -52,7 +53,33 @@ class PaletteState : public PaletteTest {
         return request.szText;
     }
 
+    // What comes up when the mouse rests on a control; empty for nothing.
+    std::wstring TipUnderTheMouse(int id) {
+        RECT rect{};
+        GetWindowRect(GetDlgItem(Palette().Dialog(), id), &rect);
+        const auto pumped = [](MSG& message) { return AfxPreTranslateMessage(&message) != FALSE; };
+        SetCursorPos(rect.left + 8, rect.top + 8);
+        windows::WaitFor([] { return false; }, std::chrono::milliseconds(100), pumped);
+        SetCursorPos(rect.left + 11, rect.top + 8);
+        windows::WaitFor([] { return VisibleTip() != nullptr; }, windows::kPatience, pumped);
+        const HWND tip = VisibleTip();
+        const std::wstring text = tip ? windows::TextOf(tip) : L"";
+        // Away again, so that the next tip is another one.
+        SetCursorPos(900, 700);
+        windows::WaitFor([] { return VisibleTip() == nullptr; }, windows::kPatience, pumped);
+        return text;
+    }
+
   private:
+    static HWND VisibleTip() {
+        HWND tip = nullptr;
+        while ((tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) != nullptr) {
+            DWORD process = 0;
+            GetWindowThreadProcessId(tip, &process);
+            if (process == GetCurrentProcessId() && IsWindowVisible(tip)) return tip;
+        }
+        return nullptr;
+    }
     static constexpr INT_PTR kUntouched = 0x1234;
 };
 
@@ -299,6 +326,14 @@ TEST_F(PaletteState, Tip_WithoutAProject_TellsTheDefault) {
     EXPECT_EQ(TipOf(IDC_PALETTE_DRAWING_MANAGER), L"Use the Drawing Manager to open a drawing");
     WriteDisciplineDword(kAppPid, L"DrawingManager", L"ProjectId", 5);
     EXPECT_EQ(TipOf(IDC_PALETTE_DRAWING_MANAGER), L"Default: Acme \\ Pump");
+}
+
+TEST_F(PaletteState, MouseAtRestOverAButton_ShowsItsTip) {
+    StartWithDrawing(kAppPid);
+    WaitForLayout();
+    Frame().SetForegroundWindow();
+    EXPECT_EQ(TipUnderTheMouse(IDC_PALETTE_DRAWING_MANAGER), L"Current: Acme \\ Pump");
+    EXPECT_EQ(TipUnderTheMouse(IDC_PALETTE_NEW_LINE), L"Create a new line number");
 }
 
 TEST_F(PaletteState, Tip_OnlyForTheButtonAndOnlyByItsWindow) {
