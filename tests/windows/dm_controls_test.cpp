@@ -201,6 +201,7 @@ TEST_F(OwnerDrawnButton, MissingIcon_LeavesAnEmptyButtonAndNoHandle) {
     m_button.SetIcon(IDI_OPEN, 24, 24);
     EXPECT_TRUE(HasPicture());  // the first picture also makes objects that stay
     m_button.SetIcon(4711, 24, 24);
+    HasPicture();
     const windows::HandleCount before = windows::HandleCount::Now();
     for (int i = 0; i < 50; ++i)
         EXPECT_EQ(m_button.SetIcon(4711, 24, 24), BTNST_INVALIDRESOURCE);
