@@ -71,14 +71,18 @@ void CheckCreatingAndRenaming(const std::wstring& newName) {
     }
 }
 
-// The bytes of a file after another program has read and saved it: rows without a value are gone then.
+// The bytes of a file after other programs have read and saved it, as often as that changes anything: rows
+// without a value are gone then, and a key that ends in " =" gets shorter with each save.
 std::string ReadAndSave(const std::wstring& path) {
-    {
+    std::string before, after;
+    do {
+        before = FuzzDatabase::Get().GetBytes(path);
         CKV2D_IniFile ini;
         ini.Open(path);
         ini.Save(true);
-    }
-    return FuzzDatabase::Get().GetBytes(path);
+        after = FuzzDatabase::Get().GetBytes(path);
+    } while (after != before);
+    return after;
 }
 
 void CheckJoiningLines(std::string_view lines, std::string_view counter,

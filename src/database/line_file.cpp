@@ -58,6 +58,11 @@ std::wstring FindFreeDefaultName(CKV2D_IniFile& ini, int nFirst) {
     return GetDefaultName(static_cast<long long>(nFirst) + (free - abTaken.begin()));
 }
 
+// What stands behind such a key in a saved file reads as the separator: it is a shorter key the next time.
+bool IsChangedBySaving(const std::wstring& strKey) {
+    return strKey.ends_with(L" =");
+}
+
 // The names of a line file, to tell in one step which are taken.
 class CLineNames {
   public:
@@ -107,7 +112,7 @@ class CLineNames {
         std::vector<std::wstring> astrKeys, astrValues;
         ini.GetSectionEntries(astrKeys, astrValues);
         for (size_t i = 0; i < astrKeys.size(); ++i) {
-            m_bOddKey |= astrKeys[i].empty() || astrKeys[i].ends_with(L" =");
+            m_bOddKey |= astrKeys[i].empty() || IsChangedBySaving(astrKeys[i]);
             ++mapCounts[astrValues[i]];
         }
     }
@@ -124,18 +129,18 @@ int AdvanceId(int nId, size_t nCount) {
 
 // Draws that many ids. The counter is on disk before the line file is touched: a crash between the two costs
 // ids and nothing else. A first draw creates the file. False, with nothing drawn, for several ids from a file
-// with a second key that reads as the counter's own once it is saved: they must be drawn one by one.
+// with a key that may read as the counter's own once it is saved: they must be drawn one by one.
 bool DrawLineIds(const std::wstring& strCounter, size_t nCount, int& nFirstId) {
-    constexpr wchar_t kKey[] = L"LastLineId";
+    const std::wstring strKey = L"LastLineId";
     CKV2D_IniFile ini;
     ini.Open(strCounter);
     ini.SetSection(L"General");
-    std::wstring strShadow;
-    ini.GetString(std::wstring(kKey) + L" =", strShadow, L"");
-    if (nCount > 1 && !strShadow.empty()) return false;
+    std::vector<std::wstring> astrKeys, astrValues;
+    ini.GetSectionEntries(astrKeys, astrValues);
+    if (nCount > 1 && std::any_of(astrKeys.begin(), astrKeys.end(), IsChangedBySaving)) return false;
     int nLastId = 0;
-    ini.GetLong(kKey, nLastId, 0);
-    ini.SetLong(kKey, AdvanceId(nLastId, nCount));
+    ini.GetLong(strKey, nLastId, 0);
+    ini.SetLong(strKey, AdvanceId(nLastId, nCount));
     nFirstId = AdvanceId(nLastId, 1);
     return true;
 }

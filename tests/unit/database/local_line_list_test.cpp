@@ -300,7 +300,7 @@ TEST_F(LocalLineListTest, GetLocalLineList_KeyThatASaveChanges_LeavesWhatCreatin
 
 TEST_F(LocalLineListTest,
        GetLocalLineList_CounterWithASecondKey_LeavesWhatCreatingAndRenamingOneByOneLeaves) {
-    const std::string strCounter = Lines({"[General]", "LastLineId = 7", "LastLineId =] = 3"});
+    const std::string strCounter = Lines({"[General]", "LastLineId = 7", "LastLineId =] =] = 3"});
     const std::wstring strOther = L"c:\\p\\Other.dwg";
     PutFile(m_strCounter, strCounter);
     FetchLines({L"A", L"B"});
