@@ -96,6 +96,15 @@ AcRx::AppRetCode Applications::Send(Application& application, AcRx::AppMsgCode m
     return result;
 }
 
+void Applications::SendForEachDocument(Application& application, AcRx::AppMsgCode message) {
+    for (const Document* document : m_host.Documents().All()) {
+        // The application may have closed it when it was told of the one before.
+        if (const std::shared_ptr<Document> open = m_host.Documents().Shared(document)) {
+            m_host.Documents().WithCurrent(*open, [&] { Send(application, message); });
+        }
+    }
+}
+
 void Applications::Broadcast(AcRx::AppMsgCode message) {
     std::vector<Application*> told;
     for (const auto& application : m_applications) {
@@ -140,9 +149,7 @@ bool Applications::loadModule(const ACHAR* fileName, bool, bool) {
         Unload(loaded);
         return Refuse(path, L"could not start");
     }
-    for (Document* document : m_host.Documents().All()) {
-        m_host.Documents().WithCurrent(*document, [&] { Send(loaded, AcRx::kLoadDwgMsg); });
-    }
+    SendForEachDocument(loaded, AcRx::kLoadDwgMsg);
     return true;
 }
 
@@ -166,9 +173,7 @@ void Applications::UnloadAll() {
 }
 
 void Applications::Unload(Application& application) {
-    for (Document* document : m_host.Documents().All()) {
-        m_host.Documents().WithCurrent(*document, [&] { Send(application, AcRx::kUnloadDwgMsg); });
-    }
+    SendForEachDocument(application, AcRx::kUnloadDwgMsg);
     Send(application, AcRx::kUnloadAppMsg);
     if (const std::size_t left = m_host.Commands().RemoveOf(&application); left > 0) {
         Refuse(application.path, std::to_wstring(left) + L" commands were left behind");

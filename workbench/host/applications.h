@@ -87,6 +87,8 @@ class Applications : public AcRxDynamicLinker {
   private:
     Application* ById(const void* appId) const;
     AcRx::AppRetCode Send(Application& application, AcRx::AppMsgCode message);
+    // With each document as the current one in turn.
+    void SendForEachDocument(Application& application, AcRx::AppMsgCode message);
     bool Refuse(const std::wstring& path, const std::wstring& why);
     void Unload(Application& application);
 

@@ -151,6 +151,20 @@ TEST_F(DocumentEventsTest, LoadDrawingMessage_FindsTheNewDocumentCurrentWhatever
     EXPECT_EQ(acDocManager->curDocument(), &first);
 }
 
+TEST_F(DocumentEventsTest, ApplicationThatClosesAnotherDocumentAsItLoads_IsNotToldOfThatOne) {
+    ADocument();
+    host::Document& second = ADocument();
+    FakeApplication::onMessage = [&](AcRx::AppMsgCode message, void*) {
+        if (message == AcRx::kLoadDwgMsg && acDocManager->documentCount() == 2) CloseIt(&second);
+        return AcRx::kRetOK;
+    };
+    EXPECT_TRUE(m_host->Apps().loadModule(L"app.arx", false, false));
+    EXPECT_EQ(std::count(FakeApplication::messages.begin(), FakeApplication::messages.end(),
+                         std::to_wstring(AcRx::kLoadDwgMsg) + L" Drawing2.dwg"),
+              0);
+    EXPECT_EQ(acDocManager->documentCount(), 1);
+}
+
 // --- What comes while a document is torn down.
 
 TEST_F(DocumentEventsTest, DocumentToBeDestroyed_IsStillWhole) {
