@@ -38,7 +38,7 @@ TEST(ParseOptions, UnknownSwitch_IsNamed) {
 }
 
 TEST(ParseOptions, SwitchWithoutItsValue_IsNamed) {
-    EXPECT_EQ(L"The switch /script wants a file or folder behind it.",
+    EXPECT_EQ(L"The switch /script wants a value behind it.",
               ParseOptions({L"a.dwg", L"/script"}).error);
 }
 
