@@ -1,5 +1,9 @@
 #!/usr/bin/env python3
-"""Draws every icon: NAME.svg beside this script becomes NAME.ico with all the sizes that the module asks for.
+"""Draws every icon: NAME.svg becomes NAME.ico beside it, with all the sizes that are asked for.
+
+    make_icons.py [FOLDER...]    the drawings in these folders; without any, those beside this script
+
+The workbench's own icon is in workbench/resources.
 
 Needs rsvg-convert (package librsvg2-bin) and convert (package imagemagick). The .ico files are kept with the
 sources, so the build needs neither; run this after changing a drawing.
@@ -7,6 +11,7 @@ sources, so the build needs neither; run this after changing a drawing.
 import pathlib
 import struct
 import subprocess
+import sys
 
 SIZES = (16, 24, 32, 48)
 HEADER = struct.Struct("<HHH")
@@ -45,5 +50,6 @@ def make_icon(svg):
 
 
 if __name__ == "__main__":
-    for drawing in sorted(pathlib.Path(__file__).parent.glob("*.svg")):
-        make_icon(drawing)
+    for folder in sys.argv[1:] or [pathlib.Path(__file__).parent]:
+        for drawing in sorted(pathlib.Path(folder).glob("*.svg")):
+            make_icon(drawing)
