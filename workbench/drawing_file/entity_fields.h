@@ -98,7 +98,7 @@ struct FieldsOf<database::EllipseData> {
     static void Map(Fields& fields, Data& ellipse) {
         fields.Subclass("AcDbEllipse");
         fields.Point(10, ellipse.center);
-        fields.Vector(11, ellipse.majorAxis, AcGeVector3d());
+        fields.Vector(11, ellipse.majorAxis);
         fields.Vector(210, ellipse.normal, kUpwards);
         fields.Real(40, ellipse.ratio);
         fields.Real(41, ellipse.startParam);

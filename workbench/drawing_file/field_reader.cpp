@@ -47,7 +47,7 @@ void FieldReader::Point(int code, AcGePoint3d& point, bool) {
     Real(code + 20, point.z);
 }
 
-void FieldReader::Vector(int code, AcGeVector3d& vector, const AcGeVector3d&) {
+void FieldReader::Vector(int code, AcGeVector3d& vector, const std::optional<AcGeVector3d>&) {
     Real(code, vector.x);
     Real(code + 10, vector.y);
     Real(code + 20, vector.z);

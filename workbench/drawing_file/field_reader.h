@@ -27,7 +27,7 @@ class FieldReader {
     void Flag(int code, bool& value, std::optional<bool> omitted = {});
     void Text(int code, std::wstring& text, bool omitEmpty = false);
     void Point(int code, AcGePoint3d& point, bool omitZero = false);
-    void Vector(int code, AcGeVector3d& vector, const AcGeVector3d& omitted);
+    void Vector(int code, AcGeVector3d& vector, const std::optional<AcGeVector3d>& omitted = {});
     void Scale(AcGeScale3d& scale);
 
     // Names of records, null for the record that the drawing uses where none is named.

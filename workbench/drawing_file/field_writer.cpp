@@ -94,7 +94,7 @@ void FieldWriter::Point(int code, const AcGePoint3d& point, bool omitZero) {
     if (!omitZero || point != AcGePoint3d()) m_groups.Point(code, point.x, point.y, point.z);
 }
 
-void FieldWriter::Vector(int code, const AcGeVector3d& vector, const AcGeVector3d& omitted) {
+void FieldWriter::Vector(int code, const AcGeVector3d& vector, const std::optional<AcGeVector3d>& omitted) {
     if (vector != omitted) m_groups.Point(code, vector.x, vector.y, vector.z);
 }
 

@@ -39,7 +39,7 @@ class FieldWriter {
     void Flag(int code, bool value, std::optional<bool> omitted = {});
     void Text(int code, const std::wstring& text, bool omitEmpty = false);
     void Point(int code, const AcGePoint3d& point, bool omitZero = false);
-    void Vector(int code, const AcGeVector3d& vector, const AcGeVector3d& omitted);
+    void Vector(int code, const AcGeVector3d& vector, const std::optional<AcGeVector3d>& omitted = {});
     void Scale(const AcGeScale3d& scale);
 
     void Layer(const AcDbStub* layer);

@@ -50,6 +50,8 @@ constexpr HostCall kCalls[] = {
     {"acdbRegApp", "_Z10acdbRegAppPKw", kError},
     {"acdbOpenAcDbObject", "_Z18acdbOpenAcDbObjectRP10AcDbObject12AcDbObjectIdN4AcDb8OpenModeEb",
      kOutOfMemory},
+    {"acdbOpenAcDbObjectOfClass",
+     "_Z25acdbOpenAcDbObjectOfClassRP10AcDbObject12AcDbObjectIdN4AcDb8OpenModeEbPK9AcRxClass", kOutOfMemory},
     {"AcDbDatabase::readDwgFile", "_ZN12AcDbDatabase11readDwgFileEPKwNS_8OpenModeEbS1_", kOutOfMemory},
     {"AcDbObject::upgradeOpen", "_ZN10AcDbObject11upgradeOpenEv", kOutOfMemory},
     {"AcDbObject::setXData", "_ZN10AcDbObject8setXDataEPK6resbuf", kOutOfMemory},

@@ -38,8 +38,7 @@ TEST(ParseOptions, UnknownSwitch_IsNamed) {
 }
 
 TEST(ParseOptions, SwitchWithoutItsValue_IsNamed) {
-    EXPECT_EQ(L"The switch /script wants a value behind it.",
-              ParseOptions({L"a.dwg", L"/script"}).error);
+    EXPECT_EQ(L"The switch /script wants a value behind it.", ParseOptions({L"a.dwg", L"/script"}).error);
 }
 
 }  // namespace
