@@ -236,15 +236,14 @@ void CKV2D_ProjectSettingsBase::Load(long projectId, const CProjectFacts& projec
     m_path += GetProjectFileWord(m_eApp, project.m_nProjectVersion) + L".ini";
 
     CKV2D_IniFile ini;
-    // The repairs of a file that is only locked for a moment would overwrite what it really holds.
-    const bool bUnreadable = ini.Open(m_path) != kIniDone && platform::GetFiles().Exists(m_path);
+    ini.Open(m_path);
     ini.SetSection(kSettingsSection);
     for (CSection& section : m_sections) {
         for (CVariable& variable : section.m_variables)
             variable.ReadFrom(ini);
         Repair(section, project.m_nDisplayedUnits);
     }
-    if (HasChanges() && !bUnreadable) Save();
+    if (HasChanges()) Save();
 }
 
 std::wstring CKV2D_ProjectSettingsBase::GetText(int id) const {
@@ -286,7 +285,7 @@ void CKV2D_ProjectSettingsBase::Save() {
     if (m_path.empty()) return;
     // Read again: the settings editor may have changed other rows in the meantime.
     CKV2D_IniFile ini;
-    if (ini.Open(m_path) != kIniDone && platform::GetFiles().Exists(m_path)) return;
+    ini.Open(m_path);
     ini.SetSection(kSettingsSection);
     for (CSection& section : m_sections) {
         for (CVariable& variable : section.m_variables) {

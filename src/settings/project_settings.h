@@ -131,9 +131,9 @@ class CKV2D_ProjectSettingsBase {
     virtual void InitDefaults(int units) = 0;
 
     // Reads the project's settings file over the defaults, fills in what older files hold as 0, and saves if
-    // that changed anything, which creates a missing file. Without a project folder nothing happens: the
-    // defaults stand. So they do if the file exists but cannot be read; then nothing is written either, since
-    // the rows in it would be lost.
+    // that changed anything, which creates a missing file. A file that cannot be read counts as an empty one:
+    // the repairs run over the defaults, and if it can be written all the same, they become its only rows.
+    // Without a project folder nothing happens: the defaults stand.
     void Load(long projectId, const CProjectFacts& project);
 
     // Text A of the first variable with the id, whatever its kind; empty if there is none. The one caller

@@ -218,10 +218,12 @@ std::vector<COperation> GetRepairingOperations() {
 
 // The settings files of a project whose General.ini counts as empty hold the imperial defaults.
 std::vector<COperation> GetTemplateOperations() {
-    const auto getRows = [](const char* pszScale) {
-        return Lines({"[Settings]", "Variable 044 = Plan1", "Variable 180 = 40", "Variable 181 = 36",
-                      "Variable 182 = 36", std::string("Variable 185 = ") + pszScale});
+    const auto getRepairs = [](const char* pszScale) {
+        return Lines({"Variable 180 = 40", "Variable 181 = 36", "Variable 182 = 36",
+                      std::string("Variable 185 = ") + pszScale});
     };
+    const std::string strSection = Lines({"[Settings]"});
+    const std::string strTemplate = Lines({"[Settings]", "Variable 044 = Plan1"});
     const auto getOrtho = [](const char* pszScale, const char* pszUnits) {
         const std::string strScale = pszScale;
         return Lines({"[Settings]", "Variable 071 = " + strScale, "Variable 179 = " + strScale,
@@ -232,7 +234,9 @@ std::vector<COperation> GetTemplateOperations() {
         {"GetProjectTemplateName",
          [] { return static_cast<int>(GetProjectTemplateName(5, kAppIsometric).size()); },
          {4, 5},  // "acad" or "Plan1"
-         {{"5 General.ini", kGuidAlone}, {"5 Iso.ini", getRows("0.375000")}}},
+         {{"5 General.ini", kGuidAlone},
+          {"5 Iso.ini", strTemplate + getRepairs("0.375000")},
+          {"5 Iso.ini", strSection + getRepairs("10.000000")}}},
         {"GetProjectTemplateName without a file",
          [] { return static_cast<int>(GetProjectTemplateName(6, kAppOrtho).size()); },
          {4},

@@ -29,13 +29,17 @@ TEST_F(SettingsFaultTest, ReadOnlyFile_IsReadAndStaysAsItWas) {
     EXPECT_EQ(GetBytes(InFolder(L"ISOMETRIC.ini")), bytes);
 }
 
-TEST_F(SettingsFaultTest, UnreadableFile_IsNotOverwrittenByTheRepairs) {
-    const std::string bytes = Lines({"[Settings]", "Variable 044 = Norm", "Variable 185 = 8"});
-    PutFile(InFolder(L"ISOMETRIC.ini"), bytes);
+// What an administrator finds after a share's rights denied reading but not writing.
+TEST_F(SettingsFaultTest, UnreadableFile_IsReplacedByTheRepairsOverTheDefaults) {
+    PutFile(InFolder(L"ISOMETRIC.ini"), Lines({"[Settings]", "Variable 044 = Norm", "Variable 185 = 8"}));
     GetMemory().files.RefuseOpen(InFolder(L"ISOMETRIC.ini"));
-    Loaded<Iso>();
+    auto settings = Loaded<Iso>();
+    EXPECT_EQ(settings.GetText(kVarTemplateName), L"acad");
+    EXPECT_EQ(VariableOf(settings, 185).m_real, 10);
     GetMemory().files.ClearFaults();
-    EXPECT_EQ(GetBytes(InFolder(L"ISOMETRIC.ini")), bytes);
+    EXPECT_EQ(GetBytes(InFolder(L"ISOMETRIC.ini")),
+              Lines({"[Settings]", "Variable 180 = 40", "Variable 181 = 36", "Variable 182 = 36",
+                     "Variable 185 = 10.000000"}));
 }
 
 TEST_F(SettingsFaultTest, FileThatCannotBeCreated_LeavesTheRepairedValues) {
@@ -51,19 +55,26 @@ TEST_F(SettingsFaultTest, FolderThatIsGone_LeavesTheDefaults) {
     EXPECT_FALSE(HasFolder(L"C:\\Nowhere\\"));
 }
 
-TEST(SettingsEveryFault, Load_KeepsTheRowsOfTheFile) {
+// Each reading and writing fails in turn. Loading reads twice, the second time to save.
+TEST(SettingsEveryFault, Load_LeavesTheRowsThatTheReadingsGave) {
     const std::string before = Lines({"[Settings]", "Variable 044 = Norm", "Variable 185 = 8"});
     const std::string repaired = Lines({"[Settings]", "Variable 044 = Norm", "Variable 180 = 40",
                                         "Variable 181 = 36", "Variable 182 = 36", "Variable 185 = 8"});
-    const size_t runs = ForEachFailingCall(
-        [&](TestSystem& system) { system.PutFile(system.InRoot(L"ISOMETRIC.ini"), before); },
-        [&](TestSystem& system) {
-            CKV2D_ProjectSettingsIso settings;
-            settings.InitDefaults(kMetric);
-            settings.Load(kProjectId, {system.GetRoot(), kNewVersion, kMetricSizes});
-            EXPECT_THAT(system.GetBytes(system.InRoot(L"ISOMETRIC.ini")), testing::AnyOf(before, repaired));
-        });
-    EXPECT_GE(runs, 4u) << "two readings, one writing, and the run without a failure";
+    const std::string repairedDefaults =
+        Lines({"[Settings]", "Variable 044 = Norm", "Variable 180 = 40", "Variable 181 = 36",
+               "Variable 182 = 36", "Variable 185 = 10.000000"});
+    const std::string repairsOnly =
+        Lines({"[Settings]", "Variable 180 = 40", "Variable 181 = 36", "Variable 182 = 36"});
+    std::vector<std::string> left;
+    ForEachFailingCall([&](TestSystem& system) { system.PutFile(system.InRoot(L"ISOMETRIC.ini"), before); },
+                       [&](TestSystem& system) {
+                           CKV2D_ProjectSettingsIso settings;
+                           settings.InitDefaults(kMetric);
+                           settings.Load(kProjectId, {system.GetRoot(), kNewVersion, kMetricSizes});
+                           left.push_back(system.GetBytes(system.InRoot(L"ISOMETRIC.ini")));
+                       });
+    EXPECT_THAT(left, testing::ElementsAre(repairedDefaults, repairsOnly, before, repaired))
+        << "the first reading fails, the second, the writing, and nothing";
 }
 
 TEST(SettingsEveryFault, WriteThatBreaksOff_LeavesTheFirstBytesOfTheWholeFile) {
