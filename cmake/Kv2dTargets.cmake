@@ -4,11 +4,13 @@ set(kv2d_warnings -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # GCC 12 reports these in its own library's inlined string code when it optimises.
   list(APPEND kv2d_warnings -Wno-restrict -Wno-stringop-overflow -Wno-stringop-overread -Wno-array-bounds)
+  # A tenth of its time goes into collecting garbage if it may not use a gigabyte of memory.
+  set(kv2d_compiler_memory --param=ggc-min-heapsize=1048576)
 endif()
 
 # kv2d_defaults(TARGET): the common compile and link settings.
 function(kv2d_defaults target)
-  target_compile_options(${target} PRIVATE ${kv2d_warnings})
+  target_compile_options(${target} PRIVATE ${kv2d_warnings} ${kv2d_compiler_memory})
   if(WIN32)
     target_compile_definitions(${target} PRIVATE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN
                                                  _WIN32_WINNT=0x0A00 WINVER=0x0A00)
@@ -41,26 +43,60 @@ function(kv2d_library name)
 endfunction()
 
 # kv2d_test_code(TARGET): compiles quickly. Most of the build's time goes into test code, where neither optimisation
-# nor the checks for undefined behaviour find anything that they would not find in the code under test.
+# nor the checks for undefined behaviour find anything that they would not find in the code under test. On Windows
+# it has no debug information either: GoogleTest tells its lines, and back traces are for the code under test.
 function(kv2d_test_code target)
-  target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0>)
+  target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0> $<$<BOOL:${WIN32}>:-g0>)
   if(KV2D_SANITIZE AND NOT KV2D_FUZZ)
     target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fno-sanitize=undefined>)
   endif()
 endfunction()
 
-# kv2d_test(NAME SOURCES file... [LINKS target...] [DESKTOP]): a GoogleTest program with the common test main,
-# each of its cases a CTest test. DESKTOP marks programs that open windows: they share one desktop and its
-# focus, so CTest runs them one at a time.
+# kv2d_precompiled(NAME HEADERS header... [LINKS target...]): an object library that precompiles the headers, for
+# targets with the same settings to reuse: two thirds of a test file's compile time are these headers. The fuzz preset
+# compiles without, so that a file with a missing include is found.
+function(kv2d_precompiled name)
+  cmake_parse_arguments(arg "" "" "HEADERS;LINKS" ${ARGN})
+  set(source ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
+  file(CONFIGURE OUTPUT ${source} CONTENT "")
+  add_library(${name} OBJECT ${source})
+  kv2d_defaults(${name})
+  target_link_libraries(${name} PRIVATE ${arg_LINKS})
+  target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
+endfunction()
+
+# kv2d_test(NAME SOURCES file... [LINKS target...] [DESKTOP | SECOND_DESKTOP]): a GoogleTest program with the common
+# test main, each of its cases a CTest test. DESKTOP marks programs that open windows: they share one desktop and its
+# focus, so CTest runs them one at a time. The programs marked SECOND_DESKTOP share another one, in the session beside
+# (see cmake/wine-session), and the first if there is none.
 function(kv2d_test name)
-  cmake_parse_arguments(arg "DESKTOP" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(arg "DESKTOP;SECOND_DESKTOP" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   kv2d_defaults(${name})
   kv2d_test_code(${name})
   target_link_libraries(${name} PRIVATE ${arg_LINKS} kv2d_test_support)
   set(properties TIMEOUT 120)
-  if(arg_DESKTOP)
+  set(headers kv2d_test_headers)
+  if(arg_DESKTOP OR arg_SECOND_DESKTOP)
+    set(headers kv2d_window_test_headers)
     list(APPEND properties RESOURCE_LOCK desktop)
   endif()
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 PROPERTIES ${properties})
+  if(KV2D_PRECOMPILE)
+    target_precompile_headers(${name} REUSE_FROM ${headers})
+  endif()
+  if(arg_SECOND_DESKTOP AND NOT CMAKE_HOST_WIN32)
+    set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR "${CMAKE_SOURCE_DIR}/cmake/on-second-desktop")
+  endif()
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 TEST_LIST ${name}_cases
+                       PROPERTIES ${properties})
+  if(arg_SECOND_DESKTOP)
+    # Read by ctest when it starts, after the cases.
+    set(script "${CMAKE_CURRENT_BINARY_DIR}/${name}_desktop.cmake")
+    file(CONFIGURE OUTPUT "${script}" @ONLY CONTENT [[
+if(DEFINED ENV{KV2D_BESIDE_DISPLAY})
+  set_tests_properties(${@name@_cases} PROPERTIES RESOURCE_LOCK second_desktop)
+endif()
+]])
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${script}")
+  endif()
 endfunction()

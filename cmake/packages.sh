@@ -1,5 +1,5 @@
-# Installs the Debian packages that building, running and testing need and that are missing. Sourced by run and
-# test; needs no arguments.
+# Installs the Debian packages that building, running and testing need and that are missing, and has ccache used where
+# it is there. Sourced by run and test.
 kv2d_packages=(
   g++ cmake ninja-build pkg-config python3 clang-format
   g++-mingw-w64-x86-64-posix mingw-w64-tools wine wine64 fonts-wine
@@ -36,4 +36,11 @@ install_packages() {
     return 1
   fi
   rm -f "$log"
+}
+
+# use_compiler_cache: exports what the build needs for ccache, if that is installed.
+use_compiler_cache() {
+  command -v ccache >/dev/null && [ -z "${CMAKE_CXX_COMPILER_LAUNCHER:-}" ] || return 0
+  # Precompiled headers are cached only with these.
+  export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_SLOPPINESS="${CCACHE_SLOPPINESS:-pch_defines,time_macros}"
 }
