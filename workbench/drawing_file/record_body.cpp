@@ -45,7 +45,7 @@ std::size_t RecordBody::ReadHeader(std::span<const Group> groups, int handleCode
         const Group& group = groups[i];
         if (group.code == handleCode && m_handle == 0) {
             m_handle = HandleOf(group);
-        } else if (group.code == kCodeOwner && m_owner == 0) {
+        } else if (group.code == kCodeOwner && !m_owner) {
             m_owner = HandleOf(group);
         } else if (OpensList(group)) {
             i = ReadControlList(groups, i);
@@ -88,7 +88,7 @@ void RecordBody::AddBody(std::span<const Group> groups, int handleCode) {
             isEmbedded = false;
         } else if (group.code == handleCode && m_handle == 0 && m_markers.size() == 1) {
             m_handle = HandleOf(group);  // old programs write it behind the layer
-        } else if (group.code == kCodeOwner && m_owner == 0 && m_markers.size() == 1) {
+        } else if (group.code == kCodeOwner && !m_owner && m_markers.size() == 1) {
             m_owner = HandleOf(group);
         } else if (OpensList(group) && !isEmbedded) {
             i = ReadControlList(groups, i);
