@@ -124,6 +124,14 @@ TEST(ReadEntities, UnknownGroupsOfKnownOnes_AreKeptBelowTheirMarker) {
     EXPECT_THAT(written, HasSubstr(" 31\r\n0.0\r\n 90\r\n7\r\n"));
 }
 
+TEST(ReadEntities, NumberOfAnUnknownOneBetweenTabs_IsStillANumberWhenItIsSaved) {
+    Read drawing(Entities("0\nHATCH\n8\n0\n40\n\t1.50 \n310\nAB  \n1\n text\t\n"));
+    ASSERT_TRUE(drawing.IsRead());
+    const std::string first = drawing.Written();
+    EXPECT_THAT(first, HasSubstr(" 40\r\n1.50\r\n310\r\nAB\r\n  1\r\n text^I\r\n"));
+    EXPECT_EQ(Read(first).Written(), first);
+}
+
 TEST(ReadEntities, EmbeddedObject_IsNotTakenForTheEntity) {
     Read drawing(
         File(Header("AC1032") +
