@@ -3,6 +3,7 @@
 #pragma once
 
 #include "drawing_file/entity_fields.h"
+#include "drawing_file/group_codes.h"
 
 namespace workbench::drawing_file {
 
@@ -139,7 +140,7 @@ template <>
 struct FieldsOf<database::XrecordData> {
     template <class Fields, class Data>
     static void Map(Fields& fields, Data& xrecord) {
-        fields.Subclass("AcDbXrecord");
+        fields.Subclass(kMarkerExtensionRecord);
         fields.Items(xrecord);
     }
 };

@@ -10,7 +10,6 @@ namespace {
 constexpr std::string_view kReactors = "{ACAD_REACTORS";
 constexpr std::string_view kExtensionDictionary = "{ACAD_XDICTIONARY";
 constexpr std::string_view kBlockReferences = "{BLKREFS";  // follows from the drawing's block references
-constexpr std::string_view kExtensionRecord = "AcDbXrecord";
 constexpr int kCodeEmbeddedObject = 101;
 
 // The index of the group that closes the list which `first` opens. No list goes on over a subclass marker.
@@ -81,7 +80,7 @@ void RecordBody::AddBody(std::span<const Group> groups, int handleCode) {
     bool isEmbedded = false;
     for (std::size_t i = 0; i < groups.size(); ++i) {
         const Group& group = groups[i];
-        if (m_markers.back() == kExtensionRecord) {
+        if (m_markers.back() == kMarkerExtensionRecord) {
             AddGroup(group, false);  // the owner's data from here on, whatever its codes mean elsewhere
         } else if (group.code == kCodeSubclass) {
             m_markers.push_back(WordOf(group));

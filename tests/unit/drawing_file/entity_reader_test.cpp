@@ -132,6 +132,20 @@ TEST(ReadEntities, NumberOfAnUnknownOneBetweenTabs_IsStillANumberWhenItIsSaved) 
     EXPECT_EQ(Read(first).Written(), first);
 }
 
+TEST(ReadEntities, DataOfAnExtensionRecordInAnEntity_StaysBehindItsMarker) {
+    const std::string data = "100\nAcDbXrecord\n280\n1\n100\nAcDbEntity\n6\nDASHED\n102\n{OPEN\n";
+    Read drawing(
+        File(Header("AC1015") +
+             Section("ENTITIES", "0\nOURS\n5\n2F\n100\nAcDbEntity\n8\n0\n100\nOurs\n90\n1\n" + data)));
+    ASSERT_TRUE(drawing.IsRead());
+    EXPECT_EQ(drawing.Entity<ProxyEntityData>().linetype, nullptr);
+    const std::string first = drawing.Written();
+    EXPECT_THAT(first,
+                HasSubstr("100\r\nAcDbEntity\r\n  8\r\n0\r\n100\r\nOurs\r\n 90\r\n1\r\n100\r\nAcDbXrecord\r\n"
+                          "280\r\n1\r\n100\r\nAcDbEntity\r\n  6\r\nDASHED\r\n102\r\n{OPEN\r\n"));
+    EXPECT_EQ(Read(first).Written(), first);
+}
+
 TEST(ReadEntities, EmbeddedObject_IsNotTakenForTheEntity) {
     Read drawing(
         File(Header("AC1032") +
