@@ -119,6 +119,13 @@ const Group* RecordBody::Find(int code) const {
     return nullptr;
 }
 
+const Group* RecordBody::FindName(std::string_view marker) {
+    EnterSubclass(marker);
+    const Group* own = Find(kCodeName);
+    LeaveSubclass();
+    return own != nullptr ? own : Find(kCodeName);
+}
+
 const Group* RecordBody::Take(int code) {
     const Group* first = nullptr;
     for (BodyGroup& candidate : m_groups) {

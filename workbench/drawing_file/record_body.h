@@ -46,6 +46,8 @@ class RecordBody {
     void LeaveSubclass() { m_isScoped = false; }
     // True for a group that nobody has taken, in scope, and not sealed.
     bool IsOpen(const BodyGroup& candidate) const;
+    // The first name (2) below the markers of that name, else the first one anywhere; null if there is none.
+    const Group* FindName(std::string_view marker);
     // The first group of that code in scope that nobody has taken; null if there is none.
     const Group* Find(int code) const;
     // The same, and takes it along with others of that code: a damaged record repeats a value.

@@ -138,6 +138,22 @@ TEST(ReadTables, OfTwoRecordsWithOneName_TheFirstCounts) {
     EXPECT_EQ(DataAs<LayerData>(table->records[0])->color, 3);
 }
 
+TEST(ReadTables, NameOfARecord_IsTheOneBelowItsOwnMarker) {
+    Read drawing(
+        File(Header("AC1015") +
+             Section("TABLES",
+                     "0\nTABLE\n2\nAPPID\n5\n9\n0\nAPPID\n5\n12\n330\n9\n100\nAcDbSymbolTableRecord\n"
+                     "2\nTHEIRS\n100\nAcDbRegAppTableRecord\n2\nOURS\n70\n0\n0\nENDTAB\n") +
+             Section("BLOCKS",
+                     "0\nBLOCK\n5\n40\n100\nAcDbEntity\n8\n0\n2\nTHEIRS\n100\nAcDbBlockBegin\n2\nOURS\n"
+                     "70\n0\n0\nENDBLK\n5\n41\n100\nAcDbEntity\n8\n0\n100\nAcDbBlockEnd\n")));
+    ASSERT_TRUE(drawing.IsRead());
+    EXPECT_EQ(drawing.Object<RegAppData>(0x12).name, L"OURS");
+    EXPECT_NO_THROW(drawing.Block(L"OURS"));
+    const std::string first = drawing.Written();
+    EXPECT_EQ(Read(first).Written(), first);
+}
+
 TEST(ReadTables, DimensionStyle_HasItsHandleBehind105) {
     Read drawing(File(Section(
         "TABLES",
