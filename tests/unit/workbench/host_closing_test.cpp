@@ -103,6 +103,16 @@ TEST_F(ClosingTest, VariableOfADocumentThatIsClosedFirst_IsSetNowhere) {
     EXPECT_EQ(events.events, (Events{L"will SNAPISOPAIR", L"failed SNAPISOPAIR"}));
 }
 
+TEST_F(ClosingTest, DocumentClosedBehindAChange_OthersHearOfNoChangeInTheNextOne) {
+    EditorEvents events;
+    EditorEvents later;
+    events.on[L"changed"] = Close(events);
+    EXPECT_EQ(SetShort(L"SNAPISOPAIR", 2), RTNORM);
+    EXPECT_TRUE(OnlyFirstIsLeft());
+    EXPECT_EQ(Variable(L"SNAPISOPAIR"), L"0");
+    EXPECT_EQ(later.events, (Events{L"will SNAPISOPAIR", L"failed SNAPISOPAIR"}));
+}
+
 TEST_F(ClosingTest, VariableOfTheSession_IsSetWhateverIsClosed) {
     EditorEvents events;
     events.on[L"will"] = Close(events);
