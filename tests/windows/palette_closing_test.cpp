@@ -378,10 +378,9 @@ TEST_P(PaletteClosing, DrawingThatIsClosedAsItsStoredIsoplaneIsSet_LeavesTheOthe
         acDocManager->activateDocument(third);
         EXPECT_EQ(m_closer->Result(), Acad::eOk);
         EXPECT_EQ(acDocManager->documentCount(), 3);
-        if (acDocManager->curDocument() != m_first) Activate(m_first);
-        ExpectFirst();
-        Activate(m_second);
         ExpectSecond();
+        Activate(m_first);
+        ExpectFirst();
         m_closer.reset();
         End();
     }
