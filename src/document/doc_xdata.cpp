@@ -4,6 +4,7 @@
 #include "acdocman.h"
 #include "acestext.h"
 #include "acutads.h"
+#include "dbapserv.h"
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "document/drawing_queries.h"
@@ -97,6 +98,7 @@ CKV2D_DocXData::~CKV2D_DocXData() {
 }
 
 void CKV2D_DocXData::Read() {
+    m_pDrawing = acdbHostApplicationServices()->workingDatabase();
     AcDbObjectPointer<AcDbBlockTableRecord> pModelSpace(GetModelSpaceId(nullptr), AcDb::kForRead);
     if (pModelSpace.openStatus() != Acad::eOk) return;
     resbuf* pItems = pModelSpace->xData(m_appName.c_str());
@@ -136,8 +138,14 @@ resbuf* CKV2D_DocXData::BuildItems() const {
                          RTNONE);
 }
 
+// True if an event closed the drawing that the record was read from. The next drawing's record is not ours.
+bool CKV2D_DocXData::IsDrawingGone() const {
+    return m_pDrawing && m_pDrawing != acdbHostApplicationServices()->workingDatabase() &&
+           !acDocManager->document(m_pDrawing);
+}
+
 void CKV2D_DocXData::Write() {
-    if (!m_dirty) return;
+    if (!m_dirty || IsDrawingGone()) return;
     AcApDocument* pDoc = acDocManager->curDocument();
     // Events of the palette come without a lock on the document. Opening the record tells, at no other cost.
     const Acad::ErrorStatus probe =
@@ -145,7 +153,7 @@ void CKV2D_DocXData::Write() {
     const bool bLocked =
         probe == Acad::eLockViolation && acDocManager->lockDocument(pDoc, AcAp::kWrite) == Acad::eOk;
     const AcDbObjectId modelSpaceId = GetModelSpaceId(nullptr);
-    if (modelSpaceId.isNull()) return;
+    if (modelSpaceId.isNull() || IsDrawingGone()) return;
     AcDbObjectPointer<AcDbBlockTableRecord> pModelSpace(modelSpaceId, AcDb::kForWrite);
     if (pModelSpace.openStatus() == Acad::eOk) {
         acdbRegApp(m_appName.c_str());

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 
+class AcDbDatabase;
 struct resbuf;
 
 // The registered application name of the record; also the name of the dictionary that drawings keep for us.
@@ -28,7 +29,7 @@ class CKV2D_DocXData {
 
     // Writes the record into the current drawing if m_dirty is set, and takes the document's lock for it
     // where the caller has none. A host that refuses the data makes a message box; any other failure is
-    // silent.
+    // silent. If an event has closed the drawing meanwhile, the one that is current now gets nothing.
     void Write();
 
     // Takes the fields from the items of a stored record, in their order, as far as they go. An item of
@@ -53,5 +54,8 @@ class CKV2D_DocXData {
 
   private:
     void Read();
+    bool IsDrawingGone() const;
     resbuf* BuildItems() const;
+
+    const AcDbDatabase* m_pDrawing = nullptr;  // that the record was read from; only to be compared
 };

@@ -112,7 +112,8 @@ class CMenuPaletteChildDlg final : public CAcUiDialog, public CPaletteLink {
     void ReloadLines(int nProjectId);
     void SelectMenuMode(int nMode);
     void SetIsoState(int nState);
-    void ApplyIsoState();
+    // False if the host's reactors made another drawing current.
+    bool ApplyIsoState();
 
     void CloseUntitledDrawing();
     void OpenDrawings(const CDrawingManagerDlg& dialog);

@@ -1,4 +1,6 @@
 // What the palette's controls do, what they show of the drawing's record, and where they stand.
+#include <utility>
+
 #include "acdocman.h"
 #include "document/doc_xdata.h"
 #include "document/drawing_queries.h"
@@ -54,7 +56,8 @@ void CMenuPaletteChildDlg::UpdateCurrentSelections() {
     SelectComboIndex(FindPaletteRow(*pDiscipline, PaletteRow::kMainSize), data.m_mainSize);
     if (m_eApp == kAppIsometric) {
         SetIsoState(data.m_isoPlane);
-        ApplyIsoState();
+        // Who hears of the change may close the drawing, and the palette shows the next one then.
+        if (!ApplyIsoState()) return;
     }
     SelectComboIndex(FindPaletteRow(*pDiscipline, PaletteRow::kBranchSize), data.m_branchSize);
     SelectComboByData(FindPaletteRow(*pDiscipline, PaletteRow::kLineNumber), data.m_lineId);
@@ -130,13 +133,17 @@ void CMenuPaletteChildDlg::SetIsoState(int nState) {
     m_btnIsoplane.SetIcon(m_aIsoIcons[m_nIsoState], kIsoIconSize, kIsoIconSize, 0, 0, 0);
 }
 
-void CMenuPaletteChildDlg::ApplyIsoState() {
+bool CMenuPaletteChildDlg::ApplyIsoState() {
     const CIsoState& state = GetIsoState(m_nIsoState);
-    // The host reports each change at once, and the report must not change the state again.
-    m_bIgnoreSnapChange = 1;
+    const AcApDocument* pDocument = acDocManager->curDocument();
+    // The host reports each change at once, and the report must not change the state again. A report may make
+    // another drawing current, which comes here too.
+    const auto nBefore = std::exchange(m_bIgnoreSnapChange, 1);
     SetSysVarShort(kSnapStyle, state.nSnapStyle);
-    if (state.nIsoPair != kIsoPairUnchanged) SetSysVarShort(kSnapIsoPair, state.nIsoPair);
-    m_bIgnoreSnapChange = 0;
+    if (state.nIsoPair != kIsoPairUnchanged && acDocManager->curDocument() == pDocument)
+        SetSysVarShort(kSnapIsoPair, state.nIsoPair);
+    m_bIgnoreSnapChange = nBefore;
+    return acDocManager->curDocument() == pDocument;
 }
 
 void CMenuPaletteChildDlg::SysVarChanged(const std::wstring& strName, bool bStore) {

@@ -6,6 +6,7 @@
 #include <dbxrecrd.h>
 #include <gmock/gmock.h>
 #include <objbase.h>
+#include <rxdlinkr.h>
 
 #include "document/drawing_queries.h"
 #include "palette/palette_layout.h"
@@ -21,10 +22,11 @@ CWinApp g_app(L"Palette test");
 
 constexpr CLSID kMenuClass = {0xBC137D8F, 0x1378, 0x43CE, {0x98, 0xAF, 0xE2, 0x63, 0x57, 0x33, 0xFE, 0xC7}};
 
-std::wstring ProgramFolder() {
+// The module beside the program.
+std::wstring ModulePath() {
     wchar_t path[MAX_PATH];
     GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return std::wstring(path).substr(0, std::wstring(path).find_last_of(L'\\') + 1);
+    return std::wstring(path).substr(0, std::wstring(path).find_last_of(L'\\') + 1) + L"kv2dMenuOEM64.arx";
 }
 
 std::wstring GetVariable(const wchar_t* name) {
@@ -180,13 +182,18 @@ void PaletteTest::SetMenuSize(int size) {
     PutFile(InRoot(L"UserSettings.ini"), Lines({"[AutoCAD Settings]", "MenuSize = " + std::to_string(size)}));
 }
 
-void PaletteTest::Start() {
+void PaletteTest::Start(When module) {
     frame::Options options;
-    options.module = ProgramFolder() + L"kv2dMenuOEM64.arx";
+    options.module = ModulePath();
+    options.withoutModule = module == When::kLater;
     m_session = std::make_unique<frame::Session>();
     ASSERT_TRUE(m_session->Start(options));
     Frame().SetWindowPos(nullptr, 0, 0, 1000, 800, SWP_NOZORDER);
     windows::PumpWaiting();
+}
+
+void PaletteTest::LoadModule() {
+    ASSERT_TRUE(acrxDynamicLinker->loadModule(ModulePath().c_str(), false));
 }
 
 void PaletteTest::Init(int app, bool useStored) {

@@ -62,8 +62,10 @@ class PaletteTest : public SystemTest {
     // --- the program
     // "MenuSize" of the user's settings.
     void SetMenuSize(int size);
-    // Loads the module into a session with its first, empty drawing.
-    void Start();
+    // Loads the module into a session with its first, empty drawing; or leaves that to LoadModule.
+    enum class When { kAtOnce, kLater };
+    void Start(When module = When::kAtOnce);
+    void LoadModule();
     // As the discipline's start-up does it: (kv2dMenu_Init app T).
     void Init(int app, bool useStored = true);
     void StartPalette(int app) {

@@ -79,7 +79,7 @@ std::size_t BlockReader::AddBlock(std::span<const Record> records, std::size_t f
         throw DrawingError{records[first].line, L"A block has no end (ENDBLK)."};
     }
     RecordBody begin(records[first]);
-    const Group* nameGroup = begin.Find(kCodeName);
+    const Group* nameGroup = begin.FindName(kBlockBeginMarker);
     const std::wstring name =
         nameGroup != nullptr ? CurrentBlockName(m_context.Text(*nameGroup)) : std::wstring();
     if (name.empty()) throw DrawingError{records[first].line, L"A block has no name."};

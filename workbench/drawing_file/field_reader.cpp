@@ -207,13 +207,23 @@ void FieldReader::Entries(database::DictionaryData& dictionary) {
     }
 }
 
-void FieldReader::Items(database::XrecordData& xrecord) {
+// A record without a marker has its data where others have what comes ahead of it.
+std::vector<Group> FieldReader::TakeItemGroups() {
+    const bool hasMarker = m_body.Markers().size() > 1;
     std::vector<Group> groups;
     for (BodyGroup& candidate : m_body.Groups()) {
-        if (candidate.isTaken || candidate.chunk == 0) continue;
+        const bool isAhead = candidate.chunk == 0 && (hasMarker || candidate.isSealed);
+        if (candidate.isTaken || isAhead) continue;
         groups.push_back(candidate.group);
         candidate.isTaken = true;
     }
+    // Below the marker, the lists of applications that are left would be data too.
+    m_lastSubclass = {};
+    return groups;
+}
+
+void FieldReader::Items(database::XrecordData& xrecord) {
+    const std::vector<Group> groups = TakeItemGroups();
     std::span<const Group> rest(groups);
     if (!rest.empty() && rest[0].code == 280) {
         xrecord.cloning = Int16Of(rest[0]);

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <optional>
+#include <vector>
 
 #include "drawing_file/group_values.h"
 #include "drawing_file/record_body.h"
@@ -17,7 +18,8 @@ class FieldReader {
     FieldReader(RecordBody& body, ReadContext& context) : m_body(body), m_context(context) {}
 
     void Subclass(std::string_view marker);
-    // The marker entered last.
+    // The marker entered last, below which belongs what is left of a record without markers. Empty where that
+    // stays ahead of all of them.
     std::string_view LastSubclass() const { return m_lastSubclass; }
 
     // `omitted` is what the member has by default, for the writer.
@@ -64,6 +66,8 @@ class FieldReader {
     void Items(database::XrecordData& xrecord);
 
   private:
+    std::vector<Group> TakeItemGroups();
+
     RecordBody& m_body;
     ReadContext& m_context;
     std::string_view m_lastSubclass;

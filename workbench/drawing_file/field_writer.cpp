@@ -30,10 +30,12 @@ std::wstring NameOf(const AcDbStub* record, std::wstring_view fallback) {
 FieldWriter::FieldWriter(GroupWriter& groups, const database::RawGroups& extra)
     : m_groups(groups), m_extra(extra) {
     m_chunks.push_back({{}, 0, extra.size()});
+    bool isOwnersData = false;
     for (std::size_t i = 0; i < extra.size(); ++i) {
-        if (extra[i].code != kCodeSubclass) continue;
+        if (extra[i].code != kCodeSubclass || isOwnersData) continue;
         m_chunks.back().last = i;
         m_chunks.push_back({extra[i].text, i + 1, extra.size()});
+        isOwnersData = extra[i].text == Widened(kMarkerExtensionRecord);
     }
 }
 

@@ -11,14 +11,6 @@ namespace {
 constexpr std::string_view kBinarySentinel = "AutoCAD Binary DXF";
 constexpr std::string_view kDwgSentinel = "AC10";
 
-std::string_view Trimmed(std::string_view text) {
-    while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
-        text.remove_prefix(1);
-    while (!text.empty() && (text.back() == ' ' || text.back() == '\t'))
-        text.remove_suffix(1);
-    return text;
-}
-
 bool IsType(const Group& group, std::string_view type) {
     return group.code == kCodeType && Trimmed(group.value) == type;
 }

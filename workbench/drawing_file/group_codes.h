@@ -1,6 +1,8 @@
 // The types of value that follow the group codes of a drawing interchange file.
 #pragma once
 
+#include <string_view>
+
 namespace workbench::drawing_file {
 
 enum class GroupType {
@@ -35,6 +37,10 @@ inline constexpr int kCodeXdataBrace = 1002;
 inline constexpr int kCodeXdataLayer = 1003;
 inline constexpr int kCodeXdataBinary = 1004;
 inline constexpr int kCodeXdataHandle = 1005;
+
+// Behind this subclass marker, the rest of a record is its owner's data: whatever their codes, its groups are
+// neither markers nor lists.
+inline constexpr std::string_view kMarkerExtensionRecord = "AcDbXrecord";
 
 // True for the codes that a text file may hold: 0 to 1071.
 bool IsGroupCode(int code);

@@ -13,13 +13,6 @@ namespace {
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t kQuotedLength = 40;
 
-std::string_view Trimmed(std::string_view text) {
-    const char* blanks = " \t";
-    const auto first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
 // The text in quotation marks for a message: hostile bytes do not reach the user's screen.
 std::wstring Quoted(std::string_view text) {
     std::wstring quoted = L"\"";
@@ -76,6 +69,13 @@ bool GroupReader::Next(Group& group) {
     if (!ReadLine(group.value)) throw DrawingError{m_line, L"The file ends behind a group code."};
     group.line = m_line;
     return true;
+}
+
+std::string_view Trimmed(std::string_view text) {
+    const char* blanks = " \t";
+    const auto first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
 std::string_view WordOf(const Group& group) {

@@ -37,6 +37,9 @@ class GroupReader {
     std::uint32_t m_line = 0;
 };
 
+// A text without the blanks and tabs at its ends.
+std::string_view Trimmed(std::string_view text);
+
 // The value as a word of the format itself (a type, a marker, the name of a variable), without blanks around
 // it. Throws DrawingError for one that is empty or holds escapes or letters outside ASCII: such a word would
 // be another one once it is written.

@@ -37,16 +37,18 @@ Bytes BytesOf(const Group& group) {
     return bytes;
 }
 
+// In dimension styles of release 12 the code of a handle is a name; handles of objects are read elsewhere.
+bool IsText(int code) {
+    return TypeOfGroup(code) == GroupType::kText || code == kCodeHandle;
+}
+
 void CheckValue(const Group& group) {
     switch (TypeOfGroup(group.code)) {
-        case GroupType::kText:
-            break;
         case GroupType::kReal:
             RealOf(group);
             break;
         case GroupType::kHandle:
-            // In dimension styles of release 12 this code is a name; handles of objects are read elsewhere.
-            if (group.code != kCodeHandle) HandleOf(group);
+            HandleOf(group);
             break;
         case GroupType::kBinary:
             BytesOf(group);
@@ -83,8 +85,11 @@ std::wstring ReadContext::Text(std::string_view value, std::uint32_t line) const
 }
 
 RawGroup RawOf(const Group& group, const ReadContext& context) {
+    const auto code = static_cast<std::int16_t>(group.code);
+    if (IsText(group.code)) return {code, context.Text(group)};
     CheckValue(group);
-    return {static_cast<std::int16_t>(group.code), context.Text(group)};
+    // A tab is a blank to readers of numbers, but would be written as the escape that it is in a text.
+    return {code, context.Text(Trimmed(group.value), group.line)};
 }
 
 bool TakeItem(std::span<const Group>& groups, const ReadContext& context, DataItem& item) {

@@ -19,8 +19,8 @@ struct ReadContext {
     std::wstring Text(std::string_view value, std::uint32_t line) const;
 };
 
-// The group as it stands, once its value has been found to be one of its code: a number, a handle,
-// hexadecimal digits. Throws DrawingError otherwise.
+// A text as it stands; a number, a handle or hexadecimal digits without blanks around them, once they have
+// been found to be what their code says. Throws DrawingError where they are not.
 database::RawGroup RawOf(const Group& group, const ReadContext& context);
 
 // Takes the next item of extended data or of an extension record off the front of `groups`: one group, or the

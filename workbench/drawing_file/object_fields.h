@@ -3,15 +3,17 @@
 #pragma once
 
 #include "drawing_file/entity_fields.h"
+#include "drawing_file/group_codes.h"
 
 namespace workbench::drawing_file {
 
 template <>
 struct FieldsOf<database::LayerData> {
     static constexpr std::string_view kTable = "LAYER";
+    static constexpr std::string_view kMarker = "AcDbLayerTableRecord";
     template <class Fields, class Data>
     static void Map(Fields& fields, Data& layer) {
-        fields.Subclass("AcDbLayerTableRecord");
+        fields.Subclass(kMarker);
         fields.RecordName(layer);
         fields.Short(62, layer.color);
         fields.LayerLinetype(layer.linetype);
@@ -23,9 +25,10 @@ struct FieldsOf<database::LayerData> {
 template <>
 struct FieldsOf<database::LinetypeData> {
     static constexpr std::string_view kTable = "LTYPE";
+    static constexpr std::string_view kMarker = "AcDbLinetypeTableRecord";
     template <class Fields, class Data>
     static void Map(Fields& fields, Data& linetype) {
-        fields.Subclass("AcDbLinetypeTableRecord");
+        fields.Subclass(kMarker);
         fields.RecordName(linetype);
         fields.Text(3, linetype.description);
         fields.Derived(72, 'A');  // how the pattern is aligned: always at both ends
@@ -36,9 +39,10 @@ struct FieldsOf<database::LinetypeData> {
 template <>
 struct FieldsOf<database::TextStyleData> {
     static constexpr std::string_view kTable = "STYLE";
+    static constexpr std::string_view kMarker = "AcDbTextStyleTableRecord";
     template <class Fields, class Data>
     static void Map(Fields& fields, Data& style) {
-        fields.Subclass("AcDbTextStyleTableRecord");
+        fields.Subclass(kMarker);
         fields.RecordName(style);
         fields.Real(40, style.height);
         fields.Real(41, style.widthFactor);
@@ -53,9 +57,10 @@ struct FieldsOf<database::TextStyleData> {
 template <>
 struct FieldsOf<database::RegAppData> {
     static constexpr std::string_view kTable = "APPID";
+    static constexpr std::string_view kMarker = "AcDbRegAppTableRecord";
     template <class Fields, class Data>
     static void Map(Fields& fields, Data& application) {
-        fields.Subclass("AcDbRegAppTableRecord");
+        fields.Subclass(kMarker);
         fields.RecordName(application);
     }
 };
@@ -63,9 +68,10 @@ struct FieldsOf<database::RegAppData> {
 template <>
 struct FieldsOf<database::DimStyleData> {
     static constexpr std::string_view kTable = "DIMSTYLE";
+    static constexpr std::string_view kMarker = "AcDbDimStyleTableRecord";
     template <class Fields, class Data>
     static void Map(Fields& fields, Data& style) {
-        fields.Subclass("AcDbDimStyleTableRecord");
+        fields.Subclass(kMarker);
         fields.RecordName(style);
     }
 };
@@ -73,9 +79,10 @@ struct FieldsOf<database::DimStyleData> {
 template <>
 struct FieldsOf<database::ViewData> {
     static constexpr std::string_view kTable = "VIEW";
+    static constexpr std::string_view kMarker = "AcDbViewTableRecord";
     template <class Fields, class Data>
     static void Map(Fields& fields, Data& view) {
-        fields.Subclass("AcDbViewTableRecord");
+        fields.Subclass(kMarker);
         fields.RecordName(view);
     }
 };
@@ -83,9 +90,10 @@ struct FieldsOf<database::ViewData> {
 template <>
 struct FieldsOf<database::UcsData> {
     static constexpr std::string_view kTable = "UCS";
+    static constexpr std::string_view kMarker = "AcDbUCSTableRecord";
     template <class Fields, class Data>
     static void Map(Fields& fields, Data& ucs) {
-        fields.Subclass("AcDbUCSTableRecord");
+        fields.Subclass(kMarker);
         fields.RecordName(ucs);
     }
 };
@@ -93,9 +101,10 @@ struct FieldsOf<database::UcsData> {
 template <>
 struct FieldsOf<database::ViewportData> {
     static constexpr std::string_view kTable = "VPORT";
+    static constexpr std::string_view kMarker = "AcDbViewportTableRecord";
     template <class Fields, class Data>
     static void Map(Fields& fields, Data& viewport) {
-        fields.Subclass("AcDbViewportTableRecord");
+        fields.Subclass(kMarker);
         fields.RecordName(viewport);
         fields.Short(77, viewport.snapStyle);
         fields.Short(78, viewport.snapPair);
@@ -105,18 +114,20 @@ struct FieldsOf<database::ViewportData> {
 template <>
 struct FieldsOf<database::BlockRecordData> {
     static constexpr std::string_view kTable = "BLOCK_RECORD";
+    static constexpr std::string_view kMarker = "AcDbBlockTableRecord";
     template <class Fields, class Data>
     static void Map(Fields& fields, Data& record) {
-        fields.Subclass("AcDbBlockTableRecord");
+        fields.Subclass(kMarker);
         fields.RepeatedName(2, record);  // its flags belong to the block's beginning
         fields.Reference(340, record.layout);
     }
 };
 
 // What the BLOCK of a block record holds below the members of every entity.
+inline constexpr std::string_view kBlockBeginMarker = "AcDbBlockBegin";
 template <class Fields, class Data>
 void BlockBeginFields(Fields& fields, Data& record) {
-    fields.Subclass("AcDbBlockBegin");
+    fields.Subclass(kBlockBeginMarker);
     fields.RecordName(record);
     fields.Point(10, record.origin);
     fields.RepeatedName(3, record);
@@ -139,7 +150,7 @@ template <>
 struct FieldsOf<database::XrecordData> {
     template <class Fields, class Data>
     static void Map(Fields& fields, Data& xrecord) {
-        fields.Subclass("AcDbXrecord");
+        fields.Subclass(kMarkerExtensionRecord);
         fields.Items(xrecord);
     }
 };

@@ -10,7 +10,6 @@ namespace {
 constexpr std::string_view kReactors = "{ACAD_REACTORS";
 constexpr std::string_view kExtensionDictionary = "{ACAD_XDICTIONARY";
 constexpr std::string_view kBlockReferences = "{BLKREFS";  // follows from the drawing's block references
-constexpr std::string_view kExtensionRecord = "AcDbXrecord";
 constexpr int kCodeEmbeddedObject = 101;
 
 // The index of the group that closes the list which `first` opens. No list goes on over a subclass marker.
@@ -45,7 +44,7 @@ std::size_t RecordBody::ReadHeader(std::span<const Group> groups, int handleCode
         const Group& group = groups[i];
         if (group.code == handleCode && m_handle == 0) {
             m_handle = HandleOf(group);
-        } else if (group.code == kCodeOwner && m_owner == 0) {
+        } else if (group.code == kCodeOwner && !m_owner) {
             m_owner = HandleOf(group);
         } else if (OpensList(group)) {
             i = ReadControlList(groups, i);
@@ -81,14 +80,14 @@ void RecordBody::AddBody(std::span<const Group> groups, int handleCode) {
     bool isEmbedded = false;
     for (std::size_t i = 0; i < groups.size(); ++i) {
         const Group& group = groups[i];
-        if (m_markers.back() == kExtensionRecord) {
+        if (m_markers.back() == kMarkerExtensionRecord) {
             AddGroup(group, false);  // the owner's data from here on, whatever its codes mean elsewhere
         } else if (group.code == kCodeSubclass) {
             m_markers.push_back(WordOf(group));
             isEmbedded = false;
         } else if (group.code == handleCode && m_handle == 0 && m_markers.size() == 1) {
             m_handle = HandleOf(group);  // old programs write it behind the layer
-        } else if (group.code == kCodeOwner && m_owner == 0 && m_markers.size() == 1) {
+        } else if (group.code == kCodeOwner && !m_owner && m_markers.size() == 1) {
             m_owner = HandleOf(group);
         } else if (OpensList(group) && !isEmbedded) {
             i = ReadControlList(groups, i);
@@ -118,6 +117,13 @@ const Group* RecordBody::Find(int code) const {
         if (candidate.group.code == code && IsOpen(candidate)) return &candidate.group;
     }
     return nullptr;
+}
+
+const Group* RecordBody::FindName(std::string_view marker) {
+    EnterSubclass(marker);
+    const Group* own = Find(kCodeName);
+    LeaveSubclass();
+    return own != nullptr ? own : Find(kCodeName);
 }
 
 const Group* RecordBody::Take(int code) {

@@ -29,7 +29,8 @@ class RecordBody {
     std::string_view Type() const { return m_type; }
     std::uint32_t Line() const { return m_line; }
     std::uint64_t Handle() const { return m_handle; }
-    std::uint64_t Owner() const { return m_owner; }  // 0 if none is given
+    // 0 if none is given, and if that is what is given.
+    std::uint64_t Owner() const { return m_owner.value_or(0); }
     std::uint64_t ExtensionDictionary() const { return m_extensionDictionary; }
     const std::vector<std::uint64_t>& Reactors() const { return m_reactors; }
     // From the first application name on.
@@ -45,6 +46,8 @@ class RecordBody {
     void LeaveSubclass() { m_isScoped = false; }
     // True for a group that nobody has taken, in scope, and not sealed.
     bool IsOpen(const BodyGroup& candidate) const;
+    // The first name (2) below the markers of that name, else the first one anywhere; null if there is none.
+    const Group* FindName(std::string_view marker);
     // The first group of that code in scope that nobody has taken; null if there is none.
     const Group* Find(int code) const;
     // The same, and takes it along with others of that code: a damaged record repeats a value.
@@ -59,7 +62,8 @@ class RecordBody {
     std::string_view m_type;
     std::uint32_t m_line;
     std::uint64_t m_handle = 0;
-    std::uint64_t m_owner = 0;
+    // An owner that is none is one too: a second pointer of the record stays what it is.
+    std::optional<std::uint64_t> m_owner;
     std::uint64_t m_extensionDictionary = 0;
     std::vector<std::uint64_t> m_reactors;
     std::span<const Group> m_xdata;

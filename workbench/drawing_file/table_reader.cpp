@@ -45,7 +45,7 @@ template <class Data>
 void ReadRecord(const Record& record, ReadContext& context, database::TableData& table) {
     constexpr bool isDimensionStyle = std::is_same_v<Data, database::DimStyleData>;
     RecordBody body(record, isDimensionStyle ? kCodeDimstyleHandle : kCodeHandle);
-    const Group* nameGroup = body.Find(kCodeName);
+    const Group* nameGroup = body.FindName(FieldsOf<Data>::kMarker);
     const std::wstring name = nameGroup != nullptr ? context.Text(*nameGroup) : std::wstring();
     if (name.empty() && !kMayBeNameless<Data>)
         throw DrawingError{record.line, L"A record of a table has no name."};

@@ -50,7 +50,7 @@ class CommandLine::Running {
 
 void CommandLine::Feed(const std::wstring& text, bool echo) {
     for (const wchar_t letter : text) {
-        if (m_document != nullptr && !m_document->IsOpen()) {
+        if (IsClosed()) {
             return;  // a command closed the document
         }
         if (letter == kEscape) {
@@ -63,6 +63,10 @@ void CommandLine::Feed(const std::wstring& text, bool echo) {
             m_typed.push_back(letter == L'\r' ? L'\n' : letter);
         }
     }
+}
+
+bool CommandLine::IsClosed() const {
+    return m_document != nullptr && !m_document->IsOpen();
 }
 
 bool CommandLine::EndsInput(wchar_t letter) const {
@@ -88,7 +92,7 @@ bool CommandLine::RunPieces(const std::vector<std::wstring>& pieces) {
         if (!Execute(piece, false)) {
             return false;
         }
-        if (m_document != nullptr && !m_document->IsOpen()) {
+        if (IsClosed()) {
             return true;
         }
     }
@@ -168,7 +172,9 @@ bool CommandLine::RunAdded(const AddedCommand& command) {
         run();
     } else {
         const CommandLock lock(m_host, *m_document, command.globalName);
-        run();
+        if (!IsClosed()) {
+            run();
+        }
     }
     m_host.TheSurface().DrawingChanged();
     return true;
@@ -184,6 +190,10 @@ bool CommandLine::StartBuiltIn(const BuiltInCommand& command, Answers answers) {
     }
     m_host.TheEditor().All().ForEach(
         [&](AcEditorReactor& reactor) { reactor.commandWillStart(command.name.c_str()); });
+    if (IsClosed()) {
+        TellCancelled(command.name);
+        return false;
+    }
     m_waiting = Waiting{command, std::move(answers), {}};
     return AskNext();
 }
@@ -196,7 +206,7 @@ bool CommandLine::RunBuiltIn(const Waiting& waiting) {
     } else {
         const Running running(*this, waiting.command.name);
         const CommandLock lock(m_host, *m_document, waiting.command.name);
-        done = waiting.command.run(m_host, m_document, waiting.answers);
+        done = !IsClosed() && waiting.command.run(m_host, m_document, waiting.answers);
     }
     const ACHAR* name = waiting.command.name.c_str();
     m_host.TheEditor().All().ForEach([done, name](AcEditorReactor& reactor) {
@@ -213,12 +223,16 @@ bool CommandLine::RunLisp(const std::wstring& text) {
     }
     auto& reactors = m_host.TheEditor().All();
     reactors.ForEach([&](AcEditorReactor& reactor) { reactor.lispWillStart(text.c_str()); });
+    if (IsClosed()) {
+        reactors.ForEach([](AcEditorReactor& reactor) { reactor.lispCancelled(); });
+        return false;
+    }
     lisp::Value value;
     bool done = false;
     {
         const Host::ContextScope scope(m_host, false);
         const CommandLock lock(m_host, *m_document, L"LISP");
-        done = m_document->Lisp().Run(text.starts_with(L"!") ? text.substr(1) : text, value);
+        done = !IsClosed() && m_document->Lisp().Run(text.starts_with(L"!") ? text.substr(1) : text, value);
     }
     reactors.ForEach(
         [done](AcEditorReactor& reactor) { done ? reactor.lispEnded() : reactor.lispCancelled(); });
@@ -240,10 +254,14 @@ void CommandLine::Cancel() {
     }
     const std::wstring name = m_waiting->command.name;
     m_waiting.reset();
-    m_host.TheEditor().All().ForEach(
-        [&](AcEditorReactor& reactor) { reactor.commandCancelled(name.c_str()); });
+    TellCancelled(name);
     m_host.FreshLine();
     m_host.Print(L"*Cancel*\n");
+}
+
+void CommandLine::TellCancelled(const std::wstring& command) {
+    m_host.TheEditor().All().ForEach(
+        [&](AcEditorReactor& reactor) { reactor.commandCancelled(command.c_str()); });
 }
 
 std::wstring CommandLine::PromptText() const {

@@ -43,6 +43,8 @@ class CommandLine {
     };
     class Running;
 
+    // True once the document whose line this is has been closed.
+    bool IsClosed() const;
     bool EndsInput(wchar_t letter) const;
     bool Execute(const std::wstring& input, bool echo);
     bool Answer(const std::wstring& answer);
@@ -53,6 +55,7 @@ class CommandLine {
     bool RunBuiltIn(const Waiting& waiting);
     bool RunLisp(const std::wstring& text);
     void Cancel();
+    void TellCancelled(const std::wstring& command);
 
     Host& m_host;
     Document* m_document;

@@ -49,6 +49,7 @@ Acad::ErrorStatus DocumentManager::unlockDocument(AcApDocument* document) {
         return Acad::eInvalidInput;
     }
     const AcAp::DocLockMode before = known->myLockMode();
+    const std::shared_ptr<Document> held = Shared(known);
     TellLockWillChange(*known, before, AcAp::kNotLocked, L"#");
     known->m_locks.pop_back();
     TellLockChanged(*known, before, known->myLockMode(), L"#");
@@ -58,14 +59,20 @@ Acad::ErrorStatus DocumentManager::unlockDocument(AcApDocument* document) {
 void DocumentManager::TellLockWillChange(Document& document, AcAp::DocLockMode from, AcAp::DocLockMode to,
                                          const std::wstring& commandName) {
     m_reactors.ForEach([&](AcApDocManagerReactor& reactor) {
-        reactor.documentLockModeWillChange(&document, from, to, document.lockMode(true), commandName.c_str());
+        if (document.IsOpen()) {
+            reactor.documentLockModeWillChange(&document, from, to, document.lockMode(true),
+                                               commandName.c_str());
+        }
     });
 }
 
 void DocumentManager::TellLockChanged(Document& document, AcAp::DocLockMode from, AcAp::DocLockMode to,
                                       const std::wstring& commandName) {
     m_reactors.ForEach([&](AcApDocManagerReactor& reactor) {
-        reactor.documentLockModeChanged(&document, from, to, document.lockMode(true), commandName.c_str());
+        if (document.IsOpen()) {
+            reactor.documentLockModeChanged(&document, from, to, document.lockMode(true),
+                                            commandName.c_str());
+        }
     });
 }
 

@@ -172,7 +172,8 @@ void DocumentManager::WithCurrent(Document& document, const std::function<void()
     Document* before = m_current;
     MakeCurrent(&document);
     work();
-    MakeCurrent(Known(before));
+    // A document that was closed meanwhile has made room for the active one.
+    MakeCurrent(Known(before) != nullptr ? before : m_active);
 }
 
 Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* document, const ACHAR* text,
@@ -342,9 +343,8 @@ Acad::ErrorStatus DocumentManager::SaveAs(Document& document, const std::wstring
         document.SetFile(path, true, false);
         database::DataOf(*document.database()).path = path;
         TakeLockFile(document);
-        Document* titled = &document;
-        m_reactors.ForEach(
-            [titled](AcApDocManagerReactor& reactor) { reactor.documentTitleUpdated(titled); });
+        const std::shared_ptr<Document> held = Shared(&document);
+        Tell(&AcApDocManagerReactor::documentTitleUpdated, document);
         m_host.TheSurface().DocumentsChanged();
     }
     return Acad::eOk;
@@ -404,6 +404,7 @@ bool DocumentManager::CloseAll(bool ask) {
 
 void DocumentManager::TearDown(std::shared_ptr<Document> document) {
     const FlagScope tearingDown(m_tearingDown);
+    std::erase_if(m_heldDatabases, [](const auto& held) { return database::OpenObjects(*held) == 0; });
     Document* closing = document.get();
     if (closing == m_active) {
         m_reactors.ForEach(
@@ -426,6 +427,10 @@ void DocumentManager::TearDown(std::shared_ptr<Document> document) {
     DropLockFile(*closing);
     const std::wstring fileName = closing->fileName();
     closing->Queue().clear();
+    if (leftOpen > 0) {
+        // Whoever holds them closes them some time.
+        m_heldDatabases.push_back(std::move(closing->m_database));
+    }
     closing->m_database.reset();
     m_reactors.ForEach(
         [&fileName](AcApDocManagerReactor& reactor) { reactor.documentDestroyed(fileName.c_str()); });

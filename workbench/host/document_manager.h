@@ -102,6 +102,8 @@ class DocumentManager : public AcApDocManager, public database::WriteGuard {
     std::vector<std::shared_ptr<Document>> m_documents;
     Document* m_current = nullptr;
     Document* m_active = nullptr;
+    // Of closed documents, while objects of theirs are open.
+    std::vector<std::unique_ptr<AcDbDatabase>> m_heldDatabases;
     Reactors<AcApDocManagerReactor> m_reactors;
     int m_nextNumber = 1;
     bool m_tearingDown = false;

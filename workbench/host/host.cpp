@@ -134,10 +134,17 @@ SetResult Host::SetVariable(const std::wstring& name, const VariableValue& value
     if (verdict != SetResult::kSet && verdict != SetResult::kOutOfRange) {
         return verdict;
     }
+    const std::shared_ptr<Document> document = m_documents->Shared(m_documents->Current());
     m_editor->All().ForEach([&](AcEditorReactor& reactor) { reactor.sysVarWillChange(name.c_str()); });
-    const SetResult result = m_variables->Set(name, value);
-    m_editor->All().ForEach(
-        [&](AcEditorReactor& reactor) { reactor.sysVarChanged(name.c_str(), result == SetResult::kSet); });
+    // A reactor may close the document that the value is for; the next one keeps its own.
+    const auto isGone = [&] {
+        return document != nullptr && !document->IsOpen() &&
+               m_variables->Find(name)->scope == Variable::Scope::kDocument;
+    };
+    const SetResult result = isGone() ? SetResult::kNoDocument : m_variables->Set(name, value);
+    m_editor->All().ForEach([&](AcEditorReactor& reactor) {
+        reactor.sysVarChanged(name.c_str(), result == SetResult::kSet && !isGone());
+    });
     return result;
 }
 

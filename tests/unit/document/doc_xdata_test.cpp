@@ -311,6 +311,80 @@ TEST_F(DocXDataTest, DrawingThatGoesWhileTheLockIsTaken_KeepsTheLockAndGetsNothi
     EXPECT_THAT(GetBoxes(), IsEmpty());
 }
 
+// Closes a document as its lock changes: before or behind the change.
+class LockCloser : public AcApDocManagerReactor {
+  public:
+    enum class When { kAsItIsTaken, kBehindItsReturn };
+    LockCloser(AcApDocument* document, When when) : m_document(document), m_when(when) {
+        acDocManager->addReactor(this);
+    }
+    ~LockCloser() override { acDocManager->removeReactor(this); }
+    void documentLockModeWillChange(AcApDocument* document, AcAp::DocLockMode, AcAp::DocLockMode,
+                                    AcAp::DocLockMode, const ACHAR*) override {
+        if (m_when == When::kAsItIsTaken) Close(document);
+    }
+    void documentLockModeChanged(AcApDocument* document, AcAp::DocLockMode, AcAp::DocLockMode to,
+                                 AcAp::DocLockMode, const ACHAR*) override {
+        if (m_when == When::kBehindItsReturn && to == AcAp::kNotLocked) Close(document);
+    }
+
+  private:
+    void Close(AcApDocument* document) {
+        if (document != m_document) return;
+        EXPECT_EQ(acDocManager->appContextCloseDocument(document), Acad::eOk);
+        m_document = nullptr;
+    }
+    AcApDocument* m_document;
+    When m_when;
+};
+
+TEST_F(DocXDataTest, DrawingThatIsClosedWhileItsRecordLives_NextOneGetsNothing) {
+    WriteProject(1);
+    AcApDocument* second = NewDocument();
+    {
+        CKV2D_DocXData data(kDocXDataAppName);
+        data.m_projectId = 2;
+        data.m_dirty = true;
+        Close(second);
+    }
+    EXPECT_EQ(acDocManager->curDocument(), m_document);
+    EXPECT_EQ(CKV2D_DocXData(kDocXDataAppName).m_projectId, 1);
+    EXPECT_THAT(GetBoxes(), IsEmpty());
+}
+
+TEST_F(DocXDataTest, DrawingThatIsClosedAsItsLockIsTaken_NextOneGetsNothing) {
+    WriteProject(1);
+    const LockCloser closer(NewDocument(), LockCloser::When::kAsItIsTaken);
+    LockCounter locks;
+    WriteProject(2);
+    EXPECT_EQ(acDocManager->documentCount(), 1);
+    EXPECT_EQ(CKV2D_DocXData(kDocXDataAppName).m_projectId, 1);
+    EXPECT_EQ(locks.GetTaken(), 0);
+    EXPECT_EQ(m_document->lockMode(true), AcAp::kNotLocked);
+    EXPECT_THAT(GetBoxes(), IsEmpty());
+}
+
+TEST_F(DocXDataTest, DrawingThatIsClosedBehindItsLock_TakesTheRecordWithIt) {
+    WriteProject(1);
+    const LockCloser closer(NewDocument(), LockCloser::When::kBehindItsReturn);
+    WriteProject(2);
+    EXPECT_EQ(acDocManager->documentCount(), 1);
+    EXPECT_EQ(CKV2D_DocXData(kDocXDataAppName).m_projectId, 1);
+}
+
+TEST_F(DocXDataTest, RecordOfAnotherOpenDrawing_GoesWhereTheCurrentOneIs) {
+    AcApDocument* second = NewDocument();
+    {
+        CKV2D_DocXData data(kDocXDataAppName);
+        data.m_projectId = 7;
+        data.m_dirty = true;
+        MakeCurrent(m_document);
+    }
+    EXPECT_EQ(CKV2D_DocXData(kDocXDataAppName).m_projectId, 7);
+    MakeCurrent(second);
+    EXPECT_EQ(CKV2D_DocXData(kDocXDataAppName).m_projectId, 0);
+}
+
 TEST_F(DocXDataTest, Write_RegistersItsName) {
     const auto isRegistered = [this] {
         AcDbObjectPointer<AcDbRegAppTable> names(m_document->database()->regAppTableId(), AcDb::kForRead);

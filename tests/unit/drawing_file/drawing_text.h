@@ -31,6 +31,21 @@ inline std::string Entities(std::string_view records) {
     return File(Section("ENTITIES", records));
 }
 
+// A line on the layer PIPES from (1.5, 2, -1) to (4, 5, 6).
+constexpr std::string_view kLine = "0\nLINE\n8\nPIPES\n62\n3\n10\n1.5\n20\n2\n30\n-1\n11\n4\n21\n5\n31\n6\n";
+
+// A block of release 12 with its entities.
+inline std::string BlockText(std::string_view name, std::string_view entities) {
+    return "0\nBLOCK\n8\n0\n2\n" + std::string(name) + "\n70\n0\n10\n1\n20\n2\n30\n3\n" +
+           std::string(entities) + "0\nENDBLK\n8\n0\n";
+}
+
+// The name of a table's record.
+inline std::string NameOf(const AcDbStub* record) {
+    const auto* data = database::DataAs<database::RecordData>(record);
+    return data != nullptr ? std::string(data->name.begin(), data->name.end()) : "(null)";
+}
+
 // A drawing that has been read.
 class Read {
   public:

@@ -134,13 +134,15 @@ class DocumentEvents : public AcApDocManagerReactor {
     void documentToBeDeactivated(AcApDocument* d) override { Add(L"toBeDeactivated", d); }
     void documentActivated(AcApDocument* d) override { Add(L"activated", d); }
     void documentTitleUpdated(AcApDocument* d) override { Add(L"titleUpdated", d); }
-    void documentLockModeWillChange(AcApDocument*, AcAp::DocLockMode from, AcAp::DocLockMode to,
+    void documentLockModeWillChange(AcApDocument* d, AcAp::DocLockMode from, AcAp::DocLockMode to,
                                     AcAp::DocLockMode, const ACHAR* name) override {
         locks.push_back(L"will " + std::to_wstring(from) + L">" + std::to_wstring(to) + L" " + name);
+        Act(L"lockWillChange", d);
     }
-    void documentLockModeChanged(AcApDocument*, AcAp::DocLockMode from, AcAp::DocLockMode to,
+    void documentLockModeChanged(AcApDocument* d, AcAp::DocLockMode from, AcAp::DocLockMode to,
                                  AcAp::DocLockMode, const ACHAR* name) override {
         locks.push_back(L"did " + std::to_wstring(from) + L">" + std::to_wstring(to) + L" " + name);
+        Act(L"lockChanged", d);
     }
 
     std::vector<std::wstring> Take() { return std::exchange(events, {}); }
@@ -154,6 +156,9 @@ class DocumentEvents : public AcApDocManagerReactor {
   private:
     void Add(const std::wstring& what, AcApDocument* document) {
         events.push_back(what + L" " + (document == nullptr ? L"null" : document->docTitle()));
+        Act(what, document);
+    }
+    void Act(const std::wstring& what, AcApDocument* document) {
         if (const auto found = on.find(what); found != on.end()) {
             const auto action = found->second;  // which may change what is to be done next time
             action(document);
@@ -165,24 +170,31 @@ class EditorEvents : public AcEditorReactor {
   public:
     EditorEvents() { acedEditor->addReactor(this); }
     ~EditorEvents() override { acedEditor->removeReactor(this); }
-    void sysVarWillChange(const ACHAR* name) override { events.push_back(std::wstring(L"will ") + name); }
+    void sysVarWillChange(const ACHAR* name) override { Add(L"will", name); }
     void sysVarChanged(const ACHAR* name, bool success) override {
-        events.push_back(std::wstring(success ? L"changed " : L"failed ") + name);
-        if (onChanged) {
-            onChanged();
-        }
+        Add(success ? L"changed" : L"failed", name);
     }
-    void commandWillStart(const ACHAR* name) override { events.push_back(std::wstring(L"start ") + name); }
-    void commandEnded(const ACHAR* name) override { events.push_back(std::wstring(L"end ") + name); }
-    void commandCancelled(const ACHAR* name) override { events.push_back(std::wstring(L"cancel ") + name); }
-    void commandFailed(const ACHAR* name) override { events.push_back(std::wstring(L"fail ") + name); }
-    void lispWillStart(const ACHAR*) override { events.push_back(L"lisp"); }
-    void lispEnded() override { events.push_back(L"lispEnded"); }
-    void lispCancelled() override { events.push_back(L"lispCancelled"); }
-    void unknownCommand(const ACHAR* name) override { events.push_back(std::wstring(L"unknown ") + name); }
+    void commandWillStart(const ACHAR* name) override { Add(L"start", name); }
+    void commandEnded(const ACHAR* name) override { Add(L"end", name); }
+    void commandCancelled(const ACHAR* name) override { Add(L"cancel", name); }
+    void commandFailed(const ACHAR* name) override { Add(L"fail", name); }
+    void lispWillStart(const ACHAR*) override { Add(L"lisp"); }
+    void lispEnded() override { Add(L"lispEnded"); }
+    void lispCancelled() override { Add(L"lispCancelled"); }
+    void unknownCommand(const ACHAR* name) override { Add(L"unknown", name); }
 
     std::vector<std::wstring> events;
-    std::function<void()> onChanged;
+    // What to do in the events of that name ("start").
+    std::map<std::wstring, std::function<void()>> on;
+
+  private:
+    void Add(const std::wstring& what, const std::wstring& name = L"") {
+        events.push_back(name.empty() ? what : what + L" " + name);
+        if (const auto found = on.find(what); found != on.end()) {
+            const auto action = found->second;  // which may change what is to be done next time
+            action();
+        }
+    }
 };
 
 // An application of the tests: what it does with each message.

@@ -105,8 +105,8 @@ TEST_F(VariablesTest, SetVar_Text_TellsTheWorkspace) {
 TEST_F(VariablesTest, SetVar_WithinItsOwnEvent_Works) {
     ADocument();
     EditorEvents events;
-    events.onChanged = [&] {
-        events.onChanged = nullptr;
+    events.on[L"changed"] = [&] {
+        events.on.clear();
         SetShort(L"SNAPISOPAIR", 1);
     };
     SetShort(L"SNAPSTYL", 1);
