@@ -33,8 +33,10 @@ class PaletteMessages : public PaletteTest {
         start.cb = sizeof(start);
         PROCESS_INFORMATION process{};
         if (!CreateProcessW(program.c_str(), command, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                            &process))
+                            &process)) {
+            ADD_FAILURE() << "the other program does not start: error " << GetLastError();
             return -1;
+        }
         const bool ended =
             windows::WaitFor([&] { return WaitForSingleObject(process.hProcess, 0) == WAIT_OBJECT_0; },
                              std::chrono::seconds(30));

@@ -229,13 +229,31 @@ TEST_F(PaletteSet, HostsLimitsOfSize_Stand) {
     EXPECT_EQ(largest, hostLargest);
 }
 
-TEST_F(PaletteSet, ComingUp_LeavesTheFocusWhereItWas) {
-    Start();
+// Its three small buttons are disabled until the drawing has a project, and each hands the focus on.
+TEST_F(PaletteSet, ComingUpWithoutAProject_TakesTheFocusToTheDrawingManagerButton) {
+    for (const int app : {kAppElectric, kAppPid, kAppIsometric, kAppOrtho}) {
+        Start();
+        Frame().SetForegroundWindow();
+        Frame().SetFocus();
+        ASSERT_TRUE(IsChild(Frame().CommandLine(), GetFocus()));
+        Init(app);
+        EXPECT_EQ(GetFocus(), windows::Control(Palette().Dialog(), IDC_PALETTE_DRAWING_MANAGER)) << app;
+        End();
+    }
+}
+
+TEST_F(PaletteSet, AnotherDrawing_GetsTheFocusBackFromTheDisabledPalette) {
+    UseUsualDatabase();
+    StartPalette(kAppIsometric);
+    AcApDocument* without = acDocManager->curDocument();
+    NewDrawing(5);
     Frame().SetForegroundWindow();
     Frame().SetFocus();
     const HWND before = GetFocus();
-    ASSERT_NE(before, nullptr);
-    Init(kAppPid);
+    const SentMessages focused(WM_SETFOCUS);
+    Activate(without);
+    EXPECT_FALSE(Palette().Enabled(IDC_PALETTE_NEW_LINE));
+    EXPECT_EQ(focused.To(windows::Control(Palette().Dialog(), IDC_PALETTE_DRAWING_MANAGER)), 1);
     EXPECT_EQ(GetFocus(), before);
 }
 

@@ -376,6 +376,8 @@ void Session::DocumentsChanged() {
                        : active->isReadOnly() ? L"Read-only"
                                               : L"Model space");
     m_frame->View().ShowDocument(active);
+    if (active != nullptr && active != m_shownDocument) m_frame->FocusDrawing();
+    m_shownDocument = active;
 }
 
 void Session::DrawingChanged() {
