@@ -8,6 +8,7 @@
 #include <objbase.h>
 
 #include "document/drawing_queries.h"
+#include "known_controls.h"
 #include "palette/palette_layout.h"
 #include "palette/palette_rows.h"
 #include "storage/install_paths.h"
@@ -31,21 +32,6 @@ std::wstring GetVariable(const wchar_t* name) {
     wchar_t value[1024] = L"";
     GetEnvironmentVariableW(name, value, 1024);
     return value;
-}
-
-// As the registrar leaves it, so that loading asks nothing.
-void KnowThumbnailControl() {
-    using platform::Hive;
-    const std::wstring classId = L"{B4FD4FC6-4EBA-4D06-8244-BB09A940C60A}";
-    const std::wstring description = L"AutoCAD DwgThumbnail Control 2013";
-    platform::Registry& registry = platform::GetRegistry();
-    registry.WriteString(Hive::kClassesRoot, L"AUTOCAD.DwgThumbnailCtrl.4\\CLSID", L"", classId);
-    registry.WriteString(Hive::kClassesRoot, L"CLSID\\" + classId, L"", description);
-    registry.WriteString(Hive::kLocalMachine, L"Software\\Classes\\AUTOCAD.DwgThumbnailCtrl.4\\CLSID", L"",
-                         classId);
-    registry.WriteString(Hive::kLocalMachine, L"Software\\Classes\\CLSID\\" + classId, L"", description);
-    registry.WriteString(Hive::kClassesRoot,
-                         L"Wow6432Node\\TypeLib\\{77529779-442F-43F2-9932-A4876EB56D8D}\\1.0", L"", L"known");
 }
 
 HWND FirstChildOfClass(HWND parent, const wchar_t* name) {
@@ -165,7 +151,7 @@ PaletteTest::PaletteTest() : m_database(*this), m_commonFilesBefore(GetVariable(
     SetEnvironmentVariableW(L"CommonProgramFiles", InRoot(L"Common").c_str());
     SetMachineValue(L"NetworkAppPath", InRoot(L"App"));
     SetMachineValue(L"Installation", L"User Settings Path", GetRoot());
-    KnowThumbnailControl();
+    KnowControls();
     SetMenuSize(16);
 }
 
@@ -269,7 +255,7 @@ std::vector<PaletteTest::Sent> PaletteTest::SentBy(const std::function<void()>& 
     action();
     std::vector<Sent> sent;
     for (const workbench::host::QueuedInput& input : queue)
-        sent.push_back({input.text, input.echo, input.activate});
+        sent.push_back({input.text, input.echo, input.activate, input.wrapUpInactive});
     queue.clear();
     Frame().EnableWindow(TRUE);
     return sent;

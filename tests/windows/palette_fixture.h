@@ -70,6 +70,12 @@ class PaletteTest : public SystemTest {
         Start();
         Init(app);
     }
+    // A new drawing of the standard 5 in the palette of a discipline.
+    void StartWithDrawing(int app) {
+        UseUsualDatabase();
+        StartPalette(app);
+        NewDrawing(5);
+    }
     // Ends the session, and the module with it.
     void End();
     void Enter(const std::wstring& line);
@@ -96,6 +102,7 @@ class PaletteTest : public SystemTest {
         std::wstring text;
         bool echo;
         bool activate;
+        bool wrapUpInactive = true;
         bool operator==(const Sent&) const = default;
     };
     std::vector<Sent> SentBy(const std::function<void()>& action);
