@@ -215,6 +215,18 @@ TEST_F(ButtonState, ParentsColours_AreNotUsed) {
     EXPECT_EQ(reinterpret_cast<HGDIOBJ>(brush), GetStockObject(NULL_BRUSH));
 }
 
+TEST_F(ButtonState, ChangedSystemColour_IsUsedOnceTheButtonIsTold) {
+    const int color = COLOR_BTNFACE;
+    const COLORREF other = RGB(10, 200, 30);
+    SetSysColors(1, &color, &other);
+    EXPECT_THAT(Border(), NoBorder());
+    m_button.SendMessage(WM_SYSCOLORCHANGE);
+    EXPECT_THAT(Border(), testing::Each(other));
+    SetSysColors(1, &color, &m_face);
+    m_button.SendMessage(WM_SYSCOLORCHANGE);
+    EXPECT_THAT(Border(), NoBorder());
+}
+
 TEST_F(ButtonState, IconOfEverySize_IsDrawnAndReplaced) {
     m_button.SetIcon(IDI_SWAP_SIZES, 32, 32);
     Look();  // the first picture makes what the system then keeps

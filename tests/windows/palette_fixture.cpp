@@ -166,8 +166,12 @@ void PaletteTest::SetMenuSize(int size) {
     PutFile(InRoot(L"UserSettings.ini"), Lines({"[AutoCAD Settings]", "MenuSize = " + std::to_string(size)}));
 }
 
-void PaletteTest::Start() {
+void PaletteTest::Start(const std::string& startUp) {
     frame::Options options;
+    if (!startUp.empty()) {
+        options.lispFile = InRoot(L"start.lsp");
+        PutFile(options.lispFile, startUp);
+    }
     options.module = ProgramFolder() + L"kv2dMenuOEM64.arx";
     m_session = std::make_unique<frame::Session>();
     ASSERT_TRUE(m_session->Start(options));

@@ -62,8 +62,9 @@ class PaletteTest : public SystemTest {
     // --- the program
     // "MenuSize" of the user's settings.
     void SetMenuSize(int size);
-    // Loads the module into a session with its first, empty drawing.
-    void Start();
+    // Loads the module into a session with its first, empty drawing. `startUp` is the text of a LISP file
+    // that is loaded then.
+    void Start(const std::string& startUp = {});
     // As the discipline's start-up does it: (kv2dMenu_Init app T).
     void Init(int app, bool useStored = true);
     void StartPalette(int app) {

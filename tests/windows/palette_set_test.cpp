@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <rxmfcapi.h>
 
+#include "frame/dock_state.h"
 #include "palette_fixture.h"
 #include "storage/registry_settings.h"
 
@@ -108,6 +109,7 @@ TEST_F(PaletteSet, EachDiscipline_HasItsNameAndToolId) {
         EXPECT_STREQ(toolId, each.toolId);
         EXPECT_EQ(windows::TextOf(*TheOnlyPalette(each.name)), each.name);
         EXPECT_EQ(static_cast<CAdUiPaletteSet*>(set)->GetPaletteSetStyle(), 30u);
+        EXPECT_EQ(TheOnlyPalette(each.name)->GetPaletteStyle(), 1u);
         End();
     }
 }
@@ -185,6 +187,12 @@ TEST_F(PaletteSet, FirstTime_IsDockedLeftAsWideAsItWasMade) {
     EXPECT_EQ(rect.Width(), 125);
 }
 
+TEST_F(PaletteSet, DocksLeftAndRightOnly) {
+    StartPalette(kAppPid);
+    EXPECT_EQ(CDockState::Of(*Set(L"PID")).allowedSides,
+              static_cast<DWORD>(CBRS_ALIGN_LEFT | CBRS_ALIGN_RIGHT));
+}
+
 TEST_F(PaletteSet, FirstFloating_IsAtItsFirstFloatingPlace) {
     StartPalette(kAppPid);
     CAdUiDockControlBar* set = Set(L"PID");
@@ -240,6 +248,12 @@ TEST_F(PaletteSet, ComingUpWithoutAProject_TakesTheFocusToTheDrawingManagerButto
         EXPECT_EQ(GetFocus(), windows::Control(Palette().Dialog(), IDC_PALETTE_DRAWING_MANAGER)) << app;
         End();
     }
+}
+
+TEST_F(PaletteSet, MadeByTheStartUpFile_LeavesTheFocusToTheCommandLine) {
+    Start("(kv2dMenu_Init 2 T)");
+    EXPECT_TRUE(SetShows(L"PID"));
+    EXPECT_TRUE(IsChild(Frame().CommandLine(), GetFocus()));
 }
 
 TEST_F(PaletteSet, AnotherDrawing_GetsTheFocusBackFromTheDisabledPalette) {
