@@ -100,8 +100,10 @@ TEST_F(NewLine, Dialog_LooksAsItsTemplateSays) {
         EXPECT_EQ(windows::TextOf(dialog, IDOK), L"OK");
         EXPECT_EQ(windows::TextOf(dialog, IDCANCEL), L"Cancel");
         EXPECT_EQ(windows::TextOf(dialog, IDC_NEW_LINE_NUMBER), L"");
-        EXPECT_EQ(windows::TextOf(FindWindowExW(dialog, nullptr, L"Static", nullptr)),
-                  L"Enter a line number to create:");
+        const HWND label = FindWindowExW(dialog, nullptr, L"Static", nullptr);
+        EXPECT_EQ(windows::TextOf(label), L"Enter a line number to create:");
+        EXPECT_EQ(GetWindowLongPtrW(label, GWL_STYLE) & SS_TYPEMASK, SS_LEFTNOWORDWRAP)
+            << "a wrapped last word would be out of sight";
         RECT edit{12, 24, 12 + 102, 24 + 14}, ok{126, 6, 126 + 50, 6 + 14}, is{};
         MapDialogRect(dialog, &edit);
         MapDialogRect(dialog, &ok);
