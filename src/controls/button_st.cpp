@@ -165,13 +165,12 @@ void CButtonST::OnActivate(UINT nState, CWnd* pWndOther, BOOL bMinimized) {
 void CButtonST::OnEnable(BOOL bEnable) {
     CButton::OnEnable(bEnable);
     if (bEnable) return;
+    // Wherever the focus is, in this window or not: the button passes it on behind itself as if it had it.
+    if (CWnd* pParent = GetParent()) {
+        CWnd* pNext = pParent->GetNextDlgTabItem(this);
+        (pNext && pNext->m_hWnd != m_hWnd ? pNext : pParent)->SetFocus();
+    }
     CancelHover();
-    // The system has taken the focus away from a button that had it, and keys would go nowhere. A focus
-    // elsewhere stays: the arrow keys must go on working in a tree whose selection greys this button.
-    CWnd* pParent = GetParent();
-    if (::GetFocus() || !pParent || !IsWindowVisible()) return;
-    CWnd* pNext = pParent->GetNextDlgTabItem(this);
-    (pNext && pNext->m_hWnd != m_hWnd ? pNext : pParent)->SetFocus();
 }
 
 void CButtonST::OnSysColorChange() {

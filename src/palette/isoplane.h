@@ -8,6 +8,10 @@ inline constexpr int kIsoStateRectangular = 6;
 // Value of a state's isometric pair that says: leave the variable alone.
 inline constexpr int kIsoPairUnchanged = -1;
 
+// The host's snap variables.
+inline constexpr wchar_t kSnapStyle[] = L"SNAPSTYL";
+inline constexpr wchar_t kSnapIsoPair[] = L"SNAPISOPAIR";
+
 struct CIsoState {
     std::uint16_t nIcon;
     int nSnapStyle;  // "SNAPSTYL": 1 isometric, 0 rectangular

@@ -8,6 +8,7 @@
 #include "aduiMessage.h"
 #include "palette/isoplane.h"
 #include "palette/lisp_bridge.h"
+#include "palette/notify_link.h"
 #include "palette/window_handle_key.h"
 #include "resources/resource.h"
 #include "rxmfcapi.h"
@@ -21,12 +22,10 @@ constexpr UINT kComboIds[kComboCount] = {IDC_PALETTE_COMBO_1, IDC_PALETTE_COMBO_
                                          IDC_PALETTE_COMBO_4};
 constexpr UINT kTitleIds[kComboCount] = {IDC_PALETTE_TITLE_1, IDC_PALETTE_TITLE_2, IDC_PALETTE_TITLE_3,
                                          IDC_PALETTE_TITLE_4};
-constexpr UINT kNotifyMessage = 1924;
 constexpr int kSmallButtonIcon = 32;
 constexpr int kIsoButtonIcon = 48;
 constexpr LONG kLargeFontHeight = 24;
 constexpr wchar_t kSizeTable[] = L"size.tp";
-constexpr wchar_t kSizeStandard[] = L"ANSI";
 
 // Handles fit 32 bits on every Windows; the registry entries of the suite hold them so.
 std::int32_t HandleNumber(HWND hWnd) {
@@ -228,7 +227,7 @@ void CMenuPaletteChildDlg::SetupIsoButton(const std::wstring&, const std::vector
     SetupButton(m_btnIsoplane, m_aIsoIcons.front(), kIsoButtonIcon, L"Switch isoplane");
     if (m_bIsoButton) SetIsoState(0);
     m_bIsoButton = true;
-    SysVarChanged(L"SNAPISOPAIR", false);
+    SysVarChanged(kSnapIsoPair, false);
 }
 
 void CMenuPaletteChildDlg::EnableCtrls(bool bEnable) {

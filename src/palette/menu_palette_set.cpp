@@ -96,7 +96,7 @@ void CMenuPaletteSet::OnWindowPosChanged(WINDOWPOS* pPosition) {
     if (!g_bSetCreated || !m_pPalette) return;
     const CMenuPalette* pPalette = CMenuPalette::GetPalette();
     if (!pPalette || pPalette->m_eApp == kAppNone) return;
-    WriteDisciplineDword(pPalette->m_eApp, L"ToolboxMenu", L"Show Menu",
+    WriteDisciplineDword(pPalette->m_eApp, kToolboxSubkey, kShowMenuValue,
                          pPosition->flags & SWP_HIDEWINDOW ? 0 : 1);
 }
 

@@ -7,6 +7,10 @@
 
 class CMenuPalette;
 
+// Whether the set shows: 0 or 1, below the discipline's key.
+inline constexpr wchar_t kToolboxSubkey[] = L"ToolboxMenu";
+inline constexpr wchar_t kShowMenuValue[] = L"Show Menu";
+
 class CMenuPaletteSet : public CAdUiPaletteSet {
   public:
     // The set of the process. If there is none, `nApp` makes it for that discipline; from then on every

@@ -3,4 +3,7 @@
 // window.
 #pragma once
 
+// Answered by the notification window and by the palette's dialog, each with codes of its own.
+inline constexpr unsigned int kNotifyMessage = 1924;
+
 void PostDrawingManagerRequest();

@@ -7,17 +7,12 @@
 #include "document/doc_xdata.h"
 #include "document/drawing_queries.h"
 #include "palette/drawing_lines.h"
+#include "palette/isoplane.h"
 #include "palette/line_order.h"
 #include "palette/menu_palette_child_dlg.h"
 #include "palette/project_lines.h"
 #include "storage/applications.h"
 #include "storage/trace.h"
-
-namespace {
-
-constexpr wchar_t kSizeStandard[] = L"ANSI";
-
-}  // namespace
 
 void CMenuPaletteChildDlg::UpdateForActiveDocument() {
     UpdateForDocument(acDocManager->curDocument());
@@ -36,7 +31,7 @@ void CMenuPaletteChildDlg::UpdateForDocument(AcApDocument* pDocument) {
         }
         EnableCtrls(data.m_projectId != 0);
         if (data.m_projectId == 0) {
-            SysVarChanged(L"SNAPISOPAIR", true);
+            SysVarChanged(kSnapIsoPair, true);
         } else {
             if (m_eApp != kAppElectric && IsDiscipline(m_eApp))
                 FillPipingRows(pDocument, data.m_projectId, data.m_appId);

@@ -5,6 +5,8 @@
 #include <vector>
 
 inline constexpr int kNoNewLineRow = -1;
+// The piping standard whose sizes are offered.
+inline constexpr wchar_t kSizeStandard[] = L"ANSI";
 
 // What a combo row is about: it decides how the row is filled and which field of the drawing's record it
 // sets.

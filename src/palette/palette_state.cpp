@@ -17,9 +17,6 @@
 
 namespace {
 
-constexpr wchar_t kSnapStyle[] = L"SNAPSTYL";
-constexpr wchar_t kSnapIsoPair[] = L"SNAPISOPAIR";
-
 constexpr UINT_PTR kLayoutTimer = 1;
 constexpr UINT kLayoutDelay = 100;  // milliseconds
 constexpr int kIsoIconSize = 48;
@@ -119,7 +116,7 @@ void CMenuPaletteChildDlg::OnBnClickedNewLine() {
 }
 
 void CMenuPaletteChildDlg::OnBnClickedIsoplane() {
-    SetIsoState(m_nIsoState + 1);
+    SetIsoState(++m_nIsoState);
     {
         CKV2D_DocXData data(kDocXDataAppName);
         StoreField(data, data.m_isoPlane, m_nIsoState);

@@ -4,6 +4,7 @@
 
 #include "database/client_list.h"
 #include "database/project_list.h"
+#include "drawing_manager/manager_registry.h"
 #include "storage/registry_settings.h"
 
 namespace {
@@ -23,7 +24,7 @@ std::wstring GetDrawingManagerTip(int nProjectId, int nApp) {
     if (!project.m_strName.empty()) return L"Current: " + GetClientAndStandard(nProjectId, project.m_strName);
 
     const auto nDefault =
-        static_cast<std::int32_t>(ReadDisciplineDword(nApp, L"DrawingManager", L"ProjectId", 0));
+        static_cast<std::int32_t>(ReadDisciplineDword(nApp, kManagerSubkey, kProjectIdValue, 0));
     if (nDefault < 1) return L"Use the Drawing Manager to open a drawing";
     return L"Default: " + GetClientAndStandard(nDefault, CKV2D_ProjectRef(nDefault).m_strName);
 }

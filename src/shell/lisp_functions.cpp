@@ -14,8 +14,6 @@
 namespace {
 
 constexpr int kLispDone = 0;
-constexpr wchar_t kToolboxSubkey[] = L"ToolboxMenu";
-constexpr wchar_t kShowMenuValue[] = L"Show Menu";
 
 int RefuseArguments(const wchar_t* szFormat) {
     acutPrintf(L"%s", szFormat);

@@ -4,8 +4,7 @@
 
 #include <afxwin.h>
 
-inline constexpr UINT kNotifyMessage = 1924;
-// The request in the message's first parameter; any other number is ignored.
+// The request in the first parameter of kNotifyMessage; any other number is ignored.
 inline constexpr WPARAM kRequestDrawingManager = 1;
 
 class CArxMsgHandler : public CWnd {

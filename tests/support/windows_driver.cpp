@@ -1,5 +1,6 @@
 #include "support/windows_driver.h"
 
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -107,6 +108,16 @@ HWND Control(HWND dialog, int id) {
     const HWND control = GetDlgItem(dialog, id);
     EXPECT_NE(control, nullptr) << "no control " << id;
     return control;
+}
+
+HWND VisibleTip() {
+    HWND tip = nullptr;
+    while ((tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) != nullptr) {
+        DWORD process = 0;
+        GetWindowThreadProcessId(tip, &process);
+        if (process == GetCurrentProcessId() && IsWindowVisible(tip)) return tip;
+    }
+    return nullptr;
 }
 
 std::wstring TextOf(HWND dialog, int id) {

@@ -35,6 +35,8 @@ std::wstring TextOf(HWND dialog, int id);
 void SetText(HWND dialog, int id, const std::wstring& text);
 // The control; fails the test and returns null if there is none.
 HWND Control(HWND dialog, int id);
+// The tip that shows now, of this process; null for none.
+HWND VisibleTip();
 
 // Clicks a button as the user does: its own click handling runs and the parent gets its notification. A
 // disabled or missing button fails the test.

@@ -252,16 +252,6 @@ BEGIN_MESSAGE_MAP(TipWnd, TestFrame)
 ON_NOTIFY_EX(TTN_GETDISPINFOW, 0, &TipWnd::OnToolTipText)
 END_MESSAGE_MAP()
 
-HWND VisibleTip() {
-    HWND tip = nullptr;
-    while ((tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) != nullptr) {
-        DWORD process = 0;
-        GetWindowThreadProcessId(tip, &process);
-        if (process == GetCurrentProcessId() && IsWindowVisible(tip)) return tip;
-    }
-    return nullptr;
-}
-
 TEST(AfxToolTips, MouseOverAChild_AsksForItsTextAndShowsIt) {
     TipWnd wnd;
     wnd.SetForegroundWindow();
@@ -272,11 +262,12 @@ TEST(AfxToolTips, MouseOverAChild_AsksForItsTextAndShowsIt) {
     windows::WaitFor([&] { return wnd.m_nAsked > 0; }, std::chrono::milliseconds(300), pumped);
     point.x += 3;
     SetCursorPos(point.x, point.y);
-    EXPECT_TRUE(windows::WaitFor([&] { return VisibleTip() != nullptr; }, windows::kPatience, pumped));
+    EXPECT_TRUE(
+        windows::WaitFor([&] { return windows::VisibleTip() != nullptr; }, windows::kPatience, pumped));
     EXPECT_EQ(wnd.m_hWndAsked, wnd.m_button.m_hWnd);
-    EXPECT_EQ(windows::TextOf(VisibleTip()), L"Hello");
+    EXPECT_EQ(windows::TextOf(windows::VisibleTip()), L"Hello");
     wnd.EnableToolTips(FALSE);
-    EXPECT_EQ(VisibleTip(), nullptr);
+    EXPECT_EQ(windows::VisibleTip(), nullptr);
 }
 
 TEST(AfxToolTips, OwnTipControl_KeepsOneToolAndChangesItsText) {

@@ -346,6 +346,16 @@ TEST_F(DrawingManagerDialog, Buttons_FollowTreeAndList) {
     });
 }
 
+TEST_F(DrawingManagerDialog, SelectionThatDisablesButtons_TakesTheFocusOutOfTheTree) {
+    UseUsualDatabase();
+    Run([](ManagerDriver& driver) {
+        SetFocus(driver.Tree());
+        driver.SelectItem({L"Acme"});
+        EXPECT_EQ(GetFocus(), windows::Control(driver.Dialog(), IDC_SINGLE_DOC));
+        EXPECT_EQ(driver.SelectedLabel(), L"Acme");
+    });
+}
+
 TEST_F(DrawingManagerDialog, EachDiscipline_HasItsOwnKeyAndLocation) {
     UseUsualDatabase();
     PutFile(InRoot(L"Iso\\I-1.dwg"), "x");

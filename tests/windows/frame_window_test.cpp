@@ -152,6 +152,19 @@ TEST_F(FrameWindow, FocusTakenFromAModelessDialog_LeavesTheDialogAboveTheFrame) 
     ::DestroyWindow(dialog);
 }
 
+TEST_F(FrameWindow, FocusOfTheDrawing_IsLeftToADialogThatDisablesTheFrame) {
+    CEdit edit;
+    edit.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 20), m_frame, 77);
+    edit.SetFocus();
+    m_frame->EnableWindow(FALSE);
+    m_frame->FocusDrawing();
+    EXPECT_FALSE(::IsChild(CommandLine(), ::GetFocus()));
+    m_frame->EnableWindow(TRUE);
+    edit.SetFocus();
+    m_frame->FocusDrawing();
+    EXPECT_TRUE(::IsChild(CommandLine(), ::GetFocus()));
+}
+
 TEST_F(FrameWindow, Frames_MadeAndDestroyed_LeaveNothingBehind) {
     const auto once = [] {
         auto* other = new frame::MainFrame({});  // deletes itself with its window

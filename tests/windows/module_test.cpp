@@ -9,6 +9,7 @@
 
 #include "frame/main_frame.h"
 #include "frame/session.h"
+#include "known_controls.h"
 #include "support/test_platform.h"
 #include "support/windows_driver.h"
 
@@ -42,19 +43,6 @@ class ModuleTest : public SystemTest {
         OleUninitialize();
     }
 
-    void KnowControls() {
-        const std::wstring classId = L"{B4FD4FC6-4EBA-4D06-8244-BB09A940C60A}";
-        const std::wstring description = L"AutoCAD DwgThumbnail Control 2013";
-        platform::Registry& registry = platform::GetRegistry();
-        registry.WriteString(Hive::kClassesRoot, L"AUTOCAD.DwgThumbnailCtrl.4\\CLSID", L"", classId);
-        registry.WriteString(Hive::kClassesRoot, L"CLSID\\" + classId, L"", description);
-        registry.WriteString(Hive::kLocalMachine, L"Software\\Classes\\AUTOCAD.DwgThumbnailCtrl.4\\CLSID",
-                             L"", classId);
-        registry.WriteString(Hive::kLocalMachine, L"Software\\Classes\\CLSID\\" + classId, L"", description);
-        registry.WriteString(Hive::kClassesRoot,
-                             L"Wow6432Node\\TypeLib\\{77529779-442F-43F2-9932-A4876EB56D8D}\\1.0", L"",
-                             L"known");
-    }
     void Start() {
         frame::Options options;
         options.module = ProgramFolder() + L"kv2dMenuOEM64.arx";

@@ -145,6 +145,34 @@ TEST_F(ButtonState, Disabling_PutsTheLightOutForGood) {
     EXPECT_THAT(Border(), NoBorder());
 }
 
+TEST_F(ButtonState, Disabling_MovesTheFocusToTheNextTabItemWhereverItWas) {
+    CButton next;
+    next.Create(L"Next", WS_CHILD | WS_VISIBLE | WS_TABSTOP, CRect(10, 150, 80, 180), &m_owner, 3);
+    for (const bool visible : {true, false}) {
+        m_button.ShowWindow(visible ? SW_SHOW : SW_HIDE);
+        for (CWnd* focused :
+             {static_cast<CWnd*>(&m_button), static_cast<CWnd*>(&m_other), static_cast<CWnd*>(&m_owner)}) {
+            m_button.EnableWindow(TRUE);
+            focused->SetFocus();
+            m_button.EnableWindow(FALSE);
+            EXPECT_EQ(GetFocus(), next.m_hWnd) << visible;
+        }
+    }
+    m_other.SetFocus();
+    m_button.EnableWindow(FALSE);
+    EXPECT_EQ(GetFocus(), m_other.m_hWnd) << "it was disabled already";
+    m_button.EnableWindow(TRUE);
+    EXPECT_EQ(GetFocus(), m_other.m_hWnd);
+}
+
+TEST_F(ButtonState, DisablingTheOnlyTabItem_MovesTheFocusToTheParent) {
+    m_other.EnableWindow(FALSE);
+    EnableWindow(m_button, TRUE);
+    SetFocus(nullptr);
+    m_button.EnableWindow(FALSE);
+    EXPECT_EQ(GetFocus(), m_owner.m_hWnd);
+}
+
 TEST_F(ButtonState, FlatAndFocused_ShowsNoFocus) {
     const Pixels without = Look();
     m_button.SetFocus();
@@ -185,6 +213,18 @@ TEST_F(ButtonState, ParentsColours_AreNotUsed) {
     const LRESULT brush = m_owner.SendMessage(WM_CTLCOLORBTN, reinterpret_cast<WPARAM>(dc.m_hDC),
                                               reinterpret_cast<LPARAM>(m_button.m_hWnd));
     EXPECT_EQ(reinterpret_cast<HGDIOBJ>(brush), GetStockObject(NULL_BRUSH));
+}
+
+TEST_F(ButtonState, ChangedSystemColour_IsUsedOnceTheButtonIsTold) {
+    const int color = COLOR_BTNFACE;
+    const COLORREF other = RGB(10, 200, 30);
+    SetSysColors(1, &color, &other);
+    EXPECT_THAT(Border(), NoBorder());
+    m_button.SendMessage(WM_SYSCOLORCHANGE);
+    EXPECT_THAT(Border(), testing::Each(other));
+    SetSysColors(1, &color, &m_face);
+    m_button.SendMessage(WM_SYSCOLORCHANGE);
+    EXPECT_THAT(Border(), NoBorder());
 }
 
 TEST_F(ButtonState, IconOfEverySize_IsDrawnAndReplaced) {

@@ -108,7 +108,7 @@ class PaletteClosing : public PaletteTest, public testing::WithParamInterface<Tu
         Fill({.spec = 3, .mainSize = 7, .branchSize = 5, .line = 22, .isoPlane = 3});
     }
     void StartWithCloser() {
-        Start(When::kLater);
+        Start({}, When::kLater);
         if (GetParam() == Turn::kBeforeModule) m_closer = std::make_unique<Closer>();
         LoadModule();
         if (GetParam() == Turn::kBehindModule) m_closer = std::make_unique<Closer>();

@@ -64,6 +64,39 @@ class PaletteControls : public PaletteTest {
             reinterpret_cast<LPARAM>(&texts));
         return texts;
     }
+    static std::vector<COLORREF> PixelsOf(HDC dc, POINT corner, int size) {
+        std::vector<COLORREF> pixels;
+        for (int y = 0; y < size; ++y)
+            for (int x = 0; x < size; ++x)
+                pixels.push_back(GetPixel(dc, corner.x + x, corner.y + y));
+        return pixels;
+    }
+    // The middle of a button, where its icon stands.
+    std::vector<COLORREF> IconOn(int id, int size) {
+        const HWND button = windows::Control(Palette().Dialog(), id);
+        RedrawWindow(button, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+        RECT client{};
+        GetClientRect(button, &client);
+        CClientDC dc(CWnd::FromHandle(button));
+        return PixelsOf(dc, {(client.right - size) / 2, (client.bottom - size) / 2}, size);
+    }
+    // The module's icon on the background of a button at rest.
+    static std::vector<COLORREF> IconOfModule(int icon, int size) {
+        const auto handle = static_cast<HICON>(LoadImageW(GetModuleHandleW(L"kv2dMenuOEM64.arx"),
+                                                          MAKEINTRESOURCEW(icon), IMAGE_ICON, size, size, 0));
+        CWindowDC screen(nullptr);
+        CDC dc;
+        dc.CreateCompatibleDC(&screen);
+        CBitmap bitmap;
+        bitmap.CreateCompatibleBitmap(&screen, size, size);
+        CBitmap* before = dc.SelectObject(&bitmap);
+        dc.FillSolidRect(CRect(0, 0, size, size), GetSysColor(COLOR_BTNFACE));
+        dc.DrawState(CPoint(0, 0), CSize(size, size), handle, DST_ICON);
+        std::vector<COLORREF> pixels = PixelsOf(dc, {0, 0}, size);
+        dc.SelectObject(before);
+        DestroyIcon(handle);
+        return pixels;
+    }
 };
 
 }  // namespace
@@ -121,6 +154,26 @@ TEST_F(PaletteControls, Template_IsAsOtherProgramsKnowIt) {
                   static_cast<LONG_PTR>(BS_OWNERDRAW))
             << id;
     }
+}
+
+TEST_F(PaletteControls, Buttons_ShowTheirIcons) {
+    SetMenuSize(32);
+    StartWithDrawing(kAppIsometric);
+    ResizeSet(200, 0);
+    EXPECT_EQ(IconOn(IDC_PALETTE_NEW_LINE, 32), IconOfModule(231, 32));
+    EXPECT_EQ(IconOn(IDC_PALETTE_SWAP_SIZE, 32), IconOfModule(232, 32));
+}
+
+TEST_F(PaletteControls, EachIsoplane_ShowsItsIcon) {
+    StartWithDrawing(kAppIsometric);
+    ResizeSet(200, 0);
+    const int icons[] = {239, 234, 235, 236, 237, 238, 233};
+    for (int state = 0; state < 7; ++state) {
+        Store([state](CKV2D_DocXData& data) { data.m_isoPlane = state; });
+        ShowChoices();
+        EXPECT_EQ(IconOn(IDC_PALETTE_ISOPLANE, 48), IconOfModule(icons[state], 48)) << state;
+    }
+    EXPECT_NE(IconOfModule(239, 48), IconOfModule(234, 48));
 }
 
 TEST_F(PaletteControls, ButtonsTellWhatTheyDo) {

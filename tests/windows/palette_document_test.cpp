@@ -190,6 +190,18 @@ TEST_F(PaletteDocument, LocalLines_AreTheDrawingsOwn) {
     EXPECT_TRUE(HasFile(InRoot(L"Local\\PID_6_Plantline.ini")));
 }
 
+TEST_F(PaletteDocument, LocalLines_AreOfferedAlsoIfTheyAreDeleted) {
+    UseUsualDatabase();
+    m_database.WithLocalLines(6, InRoot(L"Local"));
+    PutFile(InRoot(L"Local\\PID_6_Plantline.ini"),
+            Lines({"[LineList]", "KV2D_LINE_1 = L-1", "", "[DeletedLines]", "KV2D_LINE_2 = L-2"}));
+    StartPalette(kAppPid);
+    const std::wstring path = InRoot(L"KV2D_PRJ_6\\Plant.dwg");
+    PutDrawing(path, [this](AcDbDatabase&) { Store([](CKV2D_DocXData& data) { data.m_appId = kAppPid; }); });
+    Open(path);
+    EXPECT_THAT(Palette().Items(kPidLineRow), ElementsAre(L"L-1", L"L-2"));
+}
+
 TEST_F(PaletteDocument, LinesAreCached_UntilTheyAreReloaded) {
     UseUsualDatabase();
     StartPalette(kAppPid);

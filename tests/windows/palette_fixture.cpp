@@ -9,6 +9,7 @@
 #include <rxdlinkr.h>
 
 #include "document/drawing_queries.h"
+#include "known_controls.h"
 #include "palette/palette_layout.h"
 #include "palette/palette_rows.h"
 #include "storage/install_paths.h"
@@ -33,21 +34,6 @@ std::wstring GetVariable(const wchar_t* name) {
     wchar_t value[1024] = L"";
     GetEnvironmentVariableW(name, value, 1024);
     return value;
-}
-
-// As the registrar leaves it, so that loading asks nothing.
-void KnowThumbnailControl() {
-    using platform::Hive;
-    const std::wstring classId = L"{B4FD4FC6-4EBA-4D06-8244-BB09A940C60A}";
-    const std::wstring description = L"AutoCAD DwgThumbnail Control 2013";
-    platform::Registry& registry = platform::GetRegistry();
-    registry.WriteString(Hive::kClassesRoot, L"AUTOCAD.DwgThumbnailCtrl.4\\CLSID", L"", classId);
-    registry.WriteString(Hive::kClassesRoot, L"CLSID\\" + classId, L"", description);
-    registry.WriteString(Hive::kLocalMachine, L"Software\\Classes\\AUTOCAD.DwgThumbnailCtrl.4\\CLSID", L"",
-                         classId);
-    registry.WriteString(Hive::kLocalMachine, L"Software\\Classes\\CLSID\\" + classId, L"", description);
-    registry.WriteString(Hive::kClassesRoot,
-                         L"Wow6432Node\\TypeLib\\{77529779-442F-43F2-9932-A4876EB56D8D}\\1.0", L"", L"known");
 }
 
 HWND FirstChildOfClass(HWND parent, const wchar_t* name) {
@@ -167,7 +153,7 @@ PaletteTest::PaletteTest() : m_database(*this), m_commonFilesBefore(GetVariable(
     SetEnvironmentVariableW(L"CommonProgramFiles", InRoot(L"Common").c_str());
     SetMachineValue(L"NetworkAppPath", InRoot(L"App"));
     SetMachineValue(L"Installation", L"User Settings Path", GetRoot());
-    KnowThumbnailControl();
+    KnowControls();
     SetMenuSize(16);
 }
 
@@ -182,8 +168,12 @@ void PaletteTest::SetMenuSize(int size) {
     PutFile(InRoot(L"UserSettings.ini"), Lines({"[AutoCAD Settings]", "MenuSize = " + std::to_string(size)}));
 }
 
-void PaletteTest::Start(When module) {
+void PaletteTest::Start(const std::string& startUp, When module) {
     frame::Options options;
+    if (!startUp.empty()) {
+        options.lispFile = InRoot(L"start.lsp");
+        PutFile(options.lispFile, startUp);
+    }
     options.module = ModulePath();
     options.withoutModule = module == When::kLater;
     m_session = std::make_unique<frame::Session>();
@@ -276,7 +266,7 @@ std::vector<PaletteTest::Sent> PaletteTest::SentBy(const std::function<void()>& 
     action();
     std::vector<Sent> sent;
     for (const workbench::host::QueuedInput& input : queue)
-        sent.push_back({input.text, input.echo, input.activate});
+        sent.push_back({input.text, input.echo, input.activate, input.wrapUpInactive});
     queue.clear();
     Frame().EnableWindow(TRUE);
     return sent;

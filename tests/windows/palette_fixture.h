@@ -62,15 +62,22 @@ class PaletteTest : public SystemTest {
     // --- the program
     // "MenuSize" of the user's settings.
     void SetMenuSize(int size);
-    // Loads the module into a session with its first, empty drawing; or leaves that to LoadModule.
+    // Loads the module into a session with its first, empty drawing; or leaves that to LoadModule. `startUp`
+    // is the text of a LISP file that is loaded then.
     enum class When { kAtOnce, kLater };
-    void Start(When module = When::kAtOnce);
+    void Start(const std::string& startUp = {}, When module = When::kAtOnce);
     void LoadModule();
     // As the discipline's start-up does it: (kv2dMenu_Init app T).
     void Init(int app, bool useStored = true);
     void StartPalette(int app) {
         Start();
         Init(app);
+    }
+    // A new drawing of the standard 5 in the palette of a discipline.
+    void StartWithDrawing(int app) {
+        UseUsualDatabase();
+        StartPalette(app);
+        NewDrawing(5);
     }
     // Ends the session, and the module with it.
     void End();
@@ -98,6 +105,7 @@ class PaletteTest : public SystemTest {
         std::wstring text;
         bool echo;
         bool activate;
+        bool wrapUpInactive = true;
         bool operator==(const Sent&) const = default;
     };
     std::vector<Sent> SentBy(const std::function<void()>& action);

@@ -19,11 +19,6 @@ const std::wstring kHandles = L"Software\\KALVOR\\Orvex\\2023\\WindowHandle\\";
 
 class PaletteMenu : public PaletteTest {
   protected:
-    void StartWithDrawing(int app) {
-        UseUsualDatabase();
-        StartPalette(app);
-        NewDrawing(5);
-    }
     std::vector<Sent> SentByPick(short id, const wchar_t* text) {
         return SentBy([&] { EXPECT_EQ(FirePicked(id, text), S_OK); });
     }

@@ -33,8 +33,10 @@ class PaletteMessages : public PaletteTest {
         start.cb = sizeof(start);
         PROCESS_INFORMATION process{};
         if (!CreateProcessW(program.c_str(), command, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                            &process))
+                            &process)) {
+            ADD_FAILURE() << "the other program does not start: error " << GetLastError();
             return -1;
+        }
         const bool ended =
             windows::WaitFor([&] { return WaitForSingleObject(process.hProcess, 0) == WAIT_OBJECT_0; },
                              std::chrono::seconds(30));
@@ -44,11 +46,6 @@ class PaletteMessages : public PaletteTest {
         CloseHandle(process.hThread);
         CloseHandle(process.hProcess);
         return ended ? static_cast<int>(status) : -1;
-    }
-    void StartWithDrawing() {
-        UseUsualDatabase();
-        StartPalette(kAppPid);
-        NewDrawing(5);
     }
     std::int32_t StoredLine() { return Stored(&CKV2D_DocXData::m_lineId); }
 };
@@ -61,7 +58,7 @@ TEST_F(PaletteMessages, WithoutAPalette_NobodyIsFound) {
 }
 
 TEST_F(PaletteMessages, ChoicesChanged_ShowsTheRecord) {
-    StartWithDrawing();
+    StartWithDrawing(kAppPid);
     Store([](CKV2D_DocXData& data) { data.m_specId = 7; });
     EXPECT_EQ(Palette().Choice(kSpecRow), L"");
     EXPECT_EQ(Call(kChoicesChanged, 0), 0);
@@ -69,28 +66,28 @@ TEST_F(PaletteMessages, ChoicesChanged_ShowsTheRecord) {
 }
 
 TEST_F(PaletteMessages, LineNeeded_StoresTheFirstLineThatIsOffered) {
-    StartWithDrawing();
+    StartWithDrawing(kAppPid);
     FilterLines({11});
     EXPECT_EQ(Call(kLineNeeded, 5), 0);
     EXPECT_EQ(StoredLine(), 12);
 }
 
 TEST_F(PaletteMessages, LineNeeded_ReadsTheFileAnew) {
-    StartWithDrawing();
+    StartWithDrawing(kAppPid);
     m_database.WithLine(5, 10, "A-first");
     EXPECT_EQ(Call(kLineNeeded, 5), 0);
     EXPECT_EQ(StoredLine(), 10);
 }
 
 TEST_F(PaletteMessages, LineNeeded_ForADrawingThatHasOne_ChangesNothing) {
-    StartWithDrawing();
+    StartWithDrawing(kAppPid);
     Store([](CKV2D_DocXData& data) { data.m_lineId = 13; });
     EXPECT_EQ(Call(kLineNeeded, 5), 0);
     EXPECT_EQ(StoredLine(), 13);
 }
 
 TEST_F(PaletteMessages, LineNeeded_OfNoProjectOrOneWithoutLines_ChangesNothing) {
-    StartWithDrawing();
+    StartWithDrawing(kAppPid);
     for (int project : {0, -5, 6, 999}) {
         EXPECT_EQ(Call(kLineNeeded, project), 0) << project;
         EXPECT_EQ(StoredLine(), 0) << project;
@@ -105,12 +102,14 @@ TEST_F(PaletteMessages, LineNeeded_OfAProjectWithLocalLines_TakesTheDrawings) {
     const std::wstring path = InRoot(L"KV2D_PRJ_6\\Plant.dwg");
     PutDrawing(path, [this](AcDbDatabase&) { Store([](CKV2D_DocXData& data) { data.m_appId = kAppPid; }); });
     Open(path);
+    // The file as it is now: a drawing's own lines are read anew each time.
+    PutFile(InRoot(L"Local\\PID_6_Plantline.ini"), Lines({"[LineList]", "KV2D_LINE_43 = L-43"}));
     EXPECT_EQ(Call(kLineNeeded, 6), 0);
-    EXPECT_EQ(StoredLine(), 42);
+    EXPECT_EQ(StoredLine(), 43);
 }
 
 TEST_F(PaletteMessages, LinesChanged_ReadsThemAnew) {
-    StartWithDrawing();
+    StartWithDrawing(kAppPid);
     m_database.WithLine(5, 16, "P-16");
     Refill();
     EXPECT_THAT(Palette().Items(kPidLineRow), Not(Contains(L"P-16")));
@@ -133,7 +132,7 @@ TEST_F(PaletteMessages, LinesOfADrawingChanged_ReadsThemAnew) {
 }
 
 TEST_F(PaletteMessages, OtherCodes_DoNothing) {
-    StartWithDrawing();
+    StartWithDrawing(kAppPid);
     Store([](CKV2D_DocXData& data) { data.m_specId = 7; });
     m_database.WithLine(5, 16, "P-16");
     for (int code : {0, 4, 99, -1}) {
@@ -154,14 +153,14 @@ TEST_F(PaletteMessages, WithoutADrawing_EveryCodeIsSafe) {
 }
 
 TEST_F(PaletteMessages, HiddenPalette_AnswersToo) {
-    StartWithDrawing();
+    StartWithDrawing(kAppPid);
     Frame().ShowControlBar(Set(L"PID"), FALSE, FALSE);
     EXPECT_EQ(Call(kLineNeeded, 5), 0);
     EXPECT_EQ(StoredLine(), 11);
 }
 
 TEST_F(PaletteMessages, DockedAndFloated_IsFoundAtTheSameHandle) {
-    StartWithDrawing();
+    StartWithDrawing(kAppPid);
     Frame().Docks().Dock(*Set(L"PID"), frame::DockSide::kFloating);
     EXPECT_EQ(Call(kLineNeeded, 5), 0);
     EXPECT_EQ(StoredLine(), 11);

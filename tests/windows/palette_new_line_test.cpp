@@ -22,11 +22,7 @@ constexpr wchar_t kUnchecked[] =
 class NewLine : public PaletteTest {
   protected:
     // A flow diagram of the standard 5, which keeps its lines itself.
-    void StartWithDrawing() {
-        UseUsualDatabase();
-        StartPalette(kAppPid);
-        NewDrawing(5);
-    }
+    void StartWithDrawing() { PaletteTest::StartWithDrawing(kAppPid); }
     // A flow diagram of the standard 6, which keeps the lines of each drawing in a file of its own.
     void StartWithLocalLines() {
         UseUsualDatabase();
@@ -104,8 +100,10 @@ TEST_F(NewLine, Dialog_LooksAsItsTemplateSays) {
         EXPECT_EQ(windows::TextOf(dialog, IDOK), L"OK");
         EXPECT_EQ(windows::TextOf(dialog, IDCANCEL), L"Cancel");
         EXPECT_EQ(windows::TextOf(dialog, IDC_NEW_LINE_NUMBER), L"");
-        EXPECT_EQ(windows::TextOf(FindWindowExW(dialog, nullptr, L"Static", nullptr)),
-                  L"Enter a line number to create:");
+        const HWND label = FindWindowExW(dialog, nullptr, L"Static", nullptr);
+        EXPECT_EQ(windows::TextOf(label), L"Enter a line number to create:");
+        EXPECT_EQ(GetWindowLongPtrW(label, GWL_STYLE) & SS_TYPEMASK, SS_LEFTNOWORDWRAP)
+            << "a wrapped last word would be out of sight";
         RECT edit{12, 24, 12 + 102, 24 + 14}, ok{126, 6, 126 + 50, 6 + 14}, is{};
         MapDialogRect(dialog, &edit);
         MapDialogRect(dialog, &ok);
@@ -275,6 +273,16 @@ TEST_F(NewLine, LocalLines_RefuseLiveAndDeletedNames) {
     ExpectRefusal(L"-", kInvalid);
     ExpectRefusal(L"l-1", kExists);
     ExpectRefusal(L"l-2", kUnchecked);
+}
+
+TEST_F(NewLine, LocalLines_LineThatCannotBeRenamed_IsToldAndTheDialogCloses) {
+    StartWithLocalLines();
+    const auto held = HoldFile(LocalFile(), platform::Hold::kReading);
+    const windows::BoxAnswers boxes({IDOK});
+    Create(L"L-3");
+    ASSERT_EQ(boxes.Shown().size(), 1u);
+    EXPECT_EQ(boxes.Shown()[0].text, L"Error renaming new line.\n\nCan't find line");
+    EXPECT_EQ(Stored(&CKV2D_DocXData::m_lineId), 3);
 }
 
 TEST_F(NewLine, LocalLines_NameOfTheProjectsLine_IsFree) {

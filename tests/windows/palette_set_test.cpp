@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <rxmfcapi.h>
 
+#include "frame/dock_state.h"
 #include "palette_fixture.h"
 #include "storage/registry_settings.h"
 
@@ -108,6 +109,7 @@ TEST_F(PaletteSet, EachDiscipline_HasItsNameAndToolId) {
         EXPECT_STREQ(toolId, each.toolId);
         EXPECT_EQ(windows::TextOf(*TheOnlyPalette(each.name)), each.name);
         EXPECT_EQ(static_cast<CAdUiPaletteSet*>(set)->GetPaletteSetStyle(), 30u);
+        EXPECT_EQ(TheOnlyPalette(each.name)->GetPaletteStyle(), 1u);
         End();
     }
 }
@@ -185,6 +187,12 @@ TEST_F(PaletteSet, FirstTime_IsDockedLeftAsWideAsItWasMade) {
     EXPECT_EQ(rect.Width(), 125);
 }
 
+TEST_F(PaletteSet, DocksLeftAndRightOnly) {
+    StartPalette(kAppPid);
+    EXPECT_EQ(CDockState::Of(*Set(L"PID")).allowedSides,
+              static_cast<DWORD>(CBRS_ALIGN_LEFT | CBRS_ALIGN_RIGHT));
+}
+
 TEST_F(PaletteSet, FirstFloating_IsAtItsFirstFloatingPlace) {
     StartPalette(kAppPid);
     CAdUiDockControlBar* set = Set(L"PID");
@@ -229,13 +237,37 @@ TEST_F(PaletteSet, HostsLimitsOfSize_Stand) {
     EXPECT_EQ(largest, hostLargest);
 }
 
-TEST_F(PaletteSet, ComingUp_LeavesTheFocusWhereItWas) {
-    Start();
+// Its three small buttons are disabled until the drawing has a project, and each hands the focus on.
+TEST_F(PaletteSet, ComingUpWithoutAProject_TakesTheFocusToTheDrawingManagerButton) {
+    for (const int app : {kAppElectric, kAppPid, kAppIsometric, kAppOrtho}) {
+        Start();
+        Frame().SetForegroundWindow();
+        Frame().SetFocus();
+        ASSERT_TRUE(IsChild(Frame().CommandLine(), GetFocus()));
+        Init(app);
+        EXPECT_EQ(GetFocus(), windows::Control(Palette().Dialog(), IDC_PALETTE_DRAWING_MANAGER)) << app;
+        End();
+    }
+}
+
+TEST_F(PaletteSet, MadeByTheStartUpFile_LeavesTheFocusToTheCommandLine) {
+    Start("(kv2dMenu_Init 2 T)");
+    EXPECT_TRUE(SetShows(L"PID"));
+    EXPECT_TRUE(IsChild(Frame().CommandLine(), GetFocus()));
+}
+
+TEST_F(PaletteSet, AnotherDrawing_GetsTheFocusBackFromTheDisabledPalette) {
+    UseUsualDatabase();
+    StartPalette(kAppIsometric);
+    AcApDocument* without = acDocManager->curDocument();
+    NewDrawing(5);
     Frame().SetForegroundWindow();
     Frame().SetFocus();
     const HWND before = GetFocus();
-    ASSERT_NE(before, nullptr);
-    Init(kAppPid);
+    const SentMessages focused(WM_SETFOCUS);
+    Activate(without);
+    EXPECT_FALSE(Palette().Enabled(IDC_PALETTE_NEW_LINE));
+    EXPECT_EQ(focused.To(windows::Control(Palette().Dialog(), IDC_PALETTE_DRAWING_MANAGER)), 1);
     EXPECT_EQ(GetFocus(), before);
 }
 

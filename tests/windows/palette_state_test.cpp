@@ -19,11 +19,6 @@ constexpr wchar_t kEscapes[] = L"\x1b\x1b\x1b";
 
 class PaletteState : public PaletteTest {
   protected:
-    void StartWithDrawing(int app) {
-        UseUsualDatabase();
-        StartPalette(app);
-        NewDrawing(5);
-    }
     void Click(int id) {
         windows::Click(Palette().Dialog(), id);
         windows::PumpWaiting();
@@ -61,25 +56,16 @@ class PaletteState : public PaletteTest {
         SetCursorPos(rect.left + 8, rect.top + 8);
         windows::WaitFor([] { return false; }, std::chrono::milliseconds(100), pumped);
         SetCursorPos(rect.left + 11, rect.top + 8);
-        windows::WaitFor([] { return VisibleTip() != nullptr; }, windows::kPatience, pumped);
-        const HWND tip = VisibleTip();
+        windows::WaitFor([] { return windows::VisibleTip() != nullptr; }, windows::kPatience, pumped);
+        const HWND tip = windows::VisibleTip();
         const std::wstring text = tip ? windows::TextOf(tip) : L"";
         // Away again, so that the next tip is another one.
         SetCursorPos(900, 700);
-        windows::WaitFor([] { return VisibleTip() == nullptr; }, windows::kPatience, pumped);
+        windows::WaitFor([] { return windows::VisibleTip() == nullptr; }, windows::kPatience, pumped);
         return text;
     }
 
   private:
-    static HWND VisibleTip() {
-        HWND tip = nullptr;
-        while ((tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) != nullptr) {
-            DWORD process = 0;
-            GetWindowThreadProcessId(tip, &process);
-            if (process == GetCurrentProcessId() && IsWindowVisible(tip)) return tip;
-        }
-        return nullptr;
-    }
     static constexpr INT_PTR kUntouched = 0x1234;
 };
 
@@ -288,6 +274,15 @@ TEST_F(PaletteState, IsoplaneBeyondTheStates_CountsAsTheFirst) {
     EXPECT_THAT(Isoplane(), ElementsAre(1, 2, 9));
     Click(IDC_PALETTE_ISOPLANE);
     EXPECT_THAT(Isoplane(), ElementsAre(1, 1, 1));
+}
+
+TEST_F(PaletteState, NewIsometricPalette_FollowsTheSnapWithoutStoringIt) {
+    Start();
+    Init(kAppIsometric);
+    EXPECT_THAT(Isoplane(), ElementsAre(0, Variable(L"SNAPISOPAIR"), 0));
+    // It stands at the rectangular snap: the next state is the first.
+    SendMessageW(Palette().Dialog(), WM_COMMAND, IDC_PALETTE_ISOPLANE, 0);
+    EXPECT_THAT(Isoplane(), ElementsAre(1, 2, 0));
 }
 
 TEST_F(PaletteState, SnapChange_IsStoredInEveryDiscipline) {

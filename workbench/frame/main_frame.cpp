@@ -237,11 +237,23 @@ void MainFrame::OfferFocusToCommandLine() {
         auto* palette = dynamic_cast<CAdUiPalette*>(CWnd::FromHandlePermanent(window));
         if (palette != nullptr && !palette->CanFrameworkTakeFocus()) return;
     }
-    const HWND owned = GetAncestor(focus, GA_ROOT);
+    FocusCommandLine(GetAncestor(focus, GA_ROOT));
+}
+
+void MainFrame::FocusDrawing() {
+    const HWND active = ::GetActiveWindow();
+    if (IsWindowEnabled() && (active == m_hWnd || IsOwned(active))) FocusCommandLine(active);
+}
+
+bool MainFrame::IsOwned(HWND window) const {
+    return window != nullptr && window != m_hWnd && ::GetWindow(window, GW_OWNER) == m_hWnd;
+}
+
+void MainFrame::FocusCommandLine(HWND activeBefore) {
     m_commandLine.TakeKey(0);
     // Not every system keeps owned windows above a window that is activated by taking the focus.
-    if (owned != m_hWnd && ::GetWindow(owned, GW_OWNER) == m_hWnd)
-        ::SetWindowPos(owned, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    if (IsOwned(activeBefore))
+        ::SetWindowPos(activeBefore, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 void MainFrame::RequestWork() {

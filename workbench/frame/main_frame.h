@@ -69,6 +69,9 @@ class ARX_PORT MainFrame : public CMDIFrameWnd {
 
     // Takes the focus from a palette or modeless dialog back to the command line, unless it wants to keep it.
     void OfferFocusToCommandLine();
+    // Another drawing came up: what the user types is meant for it, whatever a palette did with the focus
+    // meanwhile. Not while a dialog is up or another program is in front.
+    void FocusDrawing();
     // Has `inputArrived` called once the message in progress is done.
     void RequestWork();
 
@@ -95,6 +98,8 @@ class ARX_PORT MainFrame : public CMDIFrameWnd {
     void CreateMenus();
     void CreateChildren();
     bool DoOwnCommand(UINT id);
+    bool IsOwned(HWND window) const;
+    void FocusCommandLine(HWND activeBefore);
     void FillPaletteMenu(CMenu& menu);
     void FillWindowMenu(CMenu& menu);
 

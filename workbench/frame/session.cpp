@@ -163,6 +163,7 @@ bool Session::Start(const Options& options) {
     for (const std::wstring& drawing : options.drawings)
         Open(drawing, false, true);
     AfterInput();
+    if (m_frame != nullptr) m_frame->FocusDrawing();
     m_exitStatus = 0;
     m_starting = false;
     if (m_player != nullptr) m_player->WaitAnew();
@@ -376,6 +377,8 @@ void Session::DocumentsChanged() {
                        : active->isReadOnly() ? L"Read-only"
                                               : L"Model space");
     m_frame->View().ShowDocument(active);
+    if (active != nullptr && active != m_shownDocument) m_frame->FocusDrawing();
+    m_shownDocument = active;
 }
 
 void Session::DrawingChanged() {

@@ -92,6 +92,7 @@ class ARX_PORT Session : public workbench::host::Surface {
     std::unique_ptr<WorkspaceWatcher> m_workspaceWatcher;
     std::unique_ptr<ScriptPlayer> m_player;
     MainFrame* m_frame = nullptr;  // deletes itself with its window
+    const workbench::host::Document* m_shownDocument = nullptr;
     IDispatch* m_automation = nullptr;
     std::wstring m_programFolder;  // with its backslash
     bool m_scripted = false;

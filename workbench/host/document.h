@@ -23,6 +23,7 @@ struct QueuedInput {
     std::wstring text;
     bool echo = true;
     bool activate = false;
+    bool wrapUpInactive = false;
 };
 
 // A LISP function that an application defined.

@@ -177,7 +177,7 @@ void DocumentManager::WithCurrent(Document& document, const std::function<void()
 }
 
 Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* document, const ACHAR* text,
-                                                       bool activate, bool, bool echo) {
+                                                       bool activate, bool wrapUpInactive, bool echo) {
     if (document == nullptr || text == nullptr) {
         return Acad::eNullObjectPointer;
     }
@@ -185,7 +185,7 @@ Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* document, c
     if (known == nullptr) {
         return Acad::eNoDocument;
     }
-    known->Queue().push_back({text, echo, activate});
+    known->Queue().push_back({text, echo, activate, wrapUpInactive});
     return Acad::eOk;
 }
 
