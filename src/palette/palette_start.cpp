@@ -4,6 +4,7 @@
 #include "controls/module_resources.h"
 #include "document/drawing_queries.h"
 #include "drawing_manager/drawing_manager_dlg.h"
+#include "drawing_manager/manager_registry.h"
 #include "palette/host_automation.h"
 #include "palette/launcher_data.h"
 #include "palette/menu_palette_child_dlg.h"
@@ -13,8 +14,6 @@
 
 namespace {
 
-constexpr wchar_t kManagerSubkey[] = L"DrawingManager";
-constexpr wchar_t kShowWindowValue[] = L"ShowWindow";
 constexpr wchar_t kOpenErrorText[] = L"Error opening drawing:\n%s";
 
 // 1 until the first request for the Drawing Manager of the process.
@@ -44,7 +43,7 @@ void CMenuPaletteChildDlg::StartDrawingManager() {
     g_bFirstStart = false;
     const CLauncherData launcher = TakeLauncherData();
     if (launcher.m_nProjectId > 0)
-        WriteDisciplineDword(m_eApp, kManagerSubkey, L"ProjectId",
+        WriteDisciplineDword(m_eApp, kManagerSubkey, kProjectIdValue,
                              static_cast<std::uint32_t>(launcher.m_nProjectId));
     if (!launcher.m_strDrawing.empty()) {
         OpenDrawing(L"TESSARC +", launcher.m_strDrawing);

@@ -377,10 +377,7 @@ TEST_F(DrawingManagerDetails, ReturnDuringAnEditInTheList_EndsTheEditAndNotTheDi
         const HWND edit = driver.EditRow(L"A");
         ASSERT_NE(edit, nullptr);
         SetWindowTextW(edit, L"B");
-        windows::PostKey(edit, VK_RETURN);
-        const auto translate = [](MSG& message) { return AfxPreTranslateMessage(&message) != FALSE; };
-        EXPECT_TRUE(
-            windows::WaitFor([&] { return driver.ListEdit() == nullptr; }, windows::kPatience, translate));
+        EXPECT_TRUE(driver.PressInLabelEdit(edit, VK_RETURN));
         EXPECT_TRUE(IsWindowVisible(driver.Dialog()));
         EXPECT_THAT(driver.Rows(), ElementsAre(L"B"));
     });
