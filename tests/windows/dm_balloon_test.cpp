@@ -182,6 +182,18 @@ TEST_F(Balloon, ActivatingAnotherWindow_ClosesIt) {
     EXPECT_FALSE(IsWindow(window));
 }
 
+TEST_F(Balloon, ActivatingByAClick_ClosesIt) {
+    for (UINT state : {WA_INACTIVE, WA_CLICKACTIVE}) {
+        CBalloonTip* tip = ShowTip(L"note");
+        ASSERT_NE(tip, nullptr);
+        const HWND window = tip->m_hWnd;
+        SendMessageW(window, WM_ACTIVATE, WA_ACTIVE, 0);
+        EXPECT_TRUE(IsWindow(window));
+        SendMessageW(window, WM_ACTIVATE, state, 0);
+        EXPECT_FALSE(IsWindow(window)) << state;
+    }
+}
+
 TEST_F(Balloon, LeavingTheProgram_ClosesIt) {
     CBalloonTip* tip = ShowTip(L"note");
     ASSERT_NE(tip, nullptr);
