@@ -117,6 +117,9 @@ class CDrawingManagerDlg : public CDialog {
     DECLARE_MESSAGE_MAP()
 
   private:
+    // How far below an item folders are read with it.
+    static constexpr int kOneLevelAhead = 1;
+
     // A row of the list before it is in the list.
     struct CDrawingRow {
         std::wstring strText;
@@ -125,6 +128,7 @@ class CDrawingManagerDlg : public CDialog {
         std::wstring strDate;
     };
 
+    void SetUpListIcons();
     void SetUpButtons();
     void SetUpList();
     void SetUpSplitters();
@@ -137,7 +141,7 @@ class CDrawingManagerDlg : public CDialog {
     int GetProjectIdOfSelection(HTREEITEM hItem) const;
     HTREEITEM FindChildByLabel(HTREEITEM hParent, const std::wstring& strLabel) const;
     HTREEITEM InsertTreeItem(const std::wstring& strLabel, HTREEITEM hParent, ItemKind kind, int nData);
-    void AddFolders(HTREEITEM hParent, const std::wstring& strPath, int nDepth);
+    bool AddFolders(HTREEITEM hParent, const std::wstring& strPath, int nDepth);
 
     void AppendRows(std::vector<CDrawingRow>& aRows, bool bBackups,
                     std::vector<std::wstring>& astrNames) const;

@@ -72,7 +72,7 @@ void CDrawingManagerDlg::CloseAllDocuments() {
     m_bClosingDocuments = true;
     {
         const std::unique_ptr<AcApDocumentIterator> pDocuments(acDocManager->newAcApDocumentIterator());
-        for (; !pDocuments->done(); pDocuments->step()) {
+        for (; pDocuments && !pDocuments->done(); pDocuments->step()) {
             acDocManager->appContextCloseDocument(pDocuments->document());
             pumpOnce();
         }

@@ -8,7 +8,6 @@
 namespace {
 
 constexpr int kProjectsPopup = 0;
-constexpr int kOneLevelAhead = 1;
 
 }  // namespace
 

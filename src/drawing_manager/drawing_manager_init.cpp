@@ -46,6 +46,7 @@ BOOL CDrawingManagerDlg::OnInitDialog() {
     m_tree.m_pDlg = this;
     m_tree.Init(kEditFolders, kTreeIcons, nullptr);
     SetUpThumbnail();
+    SetUpListIcons();
     SetUpButtons();
     SetUpList();
     SetUpSplitters();
@@ -86,13 +87,16 @@ void CDrawingManagerDlg::SetUpButtons() {
     SetUpButton(m_btnExplore, IDI_EXPLORE, L"Open folder in Windows Explorer", false);
 }
 
-void CDrawingManagerDlg::SetUpList() {
+void CDrawingManagerDlg::SetUpListIcons() {
     m_imageListDrawings.Create(kListImageSize, kListImageSize, ILC_COLOR16 | ILC_MASK, 4, 0);
     for (UINT uIconId : {IDI_DRAWING_NORMAL, IDI_DRAWING_BACKUP, IDI_DRAWING_LOCKED, IDI_DRAWING_READ_ONLY}) {
         AddIconToList(m_imageListDrawings, uIconId, kListImageSize);
     }
     m_imageListDrawings.SetBkColor(CLR_NONE);
     m_listDrawings.SetImageList(&m_imageListDrawings, LVSIL_SMALL);
+}
+
+void CDrawingManagerDlg::SetUpList() {
     m_listDrawings.InsertColumn(0, L"Name", LVCFMT_LEFT, 226);
     m_listDrawings.InsertColumn(1, L"Size", LVCFMT_RIGHT, 57);
     m_listDrawings.InsertColumn(2, L"Modified", LVCFMT_LEFT, 115);

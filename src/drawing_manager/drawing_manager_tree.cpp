@@ -13,8 +13,7 @@
 
 namespace {
 
-constexpr int kNoId = -1;          // item data of clients and folders
-constexpr int kOneLevelAhead = 1;  // how far below an item folders are read with it
+constexpr int kNoId = -1;  // item data of clients and folders
 
 }  // namespace
 
@@ -50,10 +49,10 @@ void CDrawingManagerDlg::FillTree() {
     m_tree.SetRedraw(TRUE);
 }
 
-// Adds what is missing below an item, without sorting.
-void CDrawingManagerDlg::AddFolders(HTREEITEM hParent, const std::wstring& strPath, int nDepth) {
+// Adds what is missing below an item, without sorting. False if the path leads nowhere.
+bool CDrawingManagerDlg::AddFolders(HTREEITEM hParent, const std::wstring& strPath, int nDepth) {
     const std::wstring strFolder = EnsureBackslash(strPath);
-    if (strFolder.empty() || strFolder == L"\\") return;
+    if (strFolder.empty() || strFolder == L"\\") return false;
     std::set<std::wstring> labels;
     for (HTREEITEM hChild = m_tree.GetChildItem(hParent); hChild;
          hChild = m_tree.GetNextSiblingItem(hChild)) {
@@ -64,11 +63,11 @@ void CDrawingManagerDlg::AddFolders(HTREEITEM hParent, const std::wstring& strPa
         const HTREEITEM hFolder = InsertTreeItem(entry.name, hParent, kItemFolder, kNoId);
         if (nDepth > 0) AddFolders(hFolder, strFolder + entry.name, nDepth - 1);
     }
+    return true;
 }
 
 void CDrawingManagerDlg::ScanFolders(HTREEITEM hParent, const std::wstring& strPath, int nDepth) {
-    AddFolders(hParent, strPath, nDepth);
-    m_tree.SortBranch(hParent, true);
+    if (AddFolders(hParent, strPath, nDepth)) m_tree.SortBranch(hParent, true);
 }
 
 std::wstring CDrawingManagerDlg::GetItemFolderPath(HTREEITEM hItem, const std::wstring& strSuffix) const {

@@ -49,6 +49,33 @@ class Balloon : public testing::Test {
     }
 };
 
+// A font of the balloon's text.
+class TipFont : public CFont {
+  public:
+    explicit TipFont(int weight) {
+        CreateFont(-8, 0, 0, 0, weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+                   CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, L"MS Sans Serif");
+    }
+};
+
+// What stands in a balloon, on plain ground: the sign at a twentieth of the text's width, the title in bold,
+// the message in the middle or, if it does not fit, broken 16 pixels below.
+void DrawExpected(CDC& dc, CRect text, const wchar_t* message, bool fits) {
+    dc.SetBkMode(TRANSPARENT);
+    dc.SetTextColor(RGB(0, 0, 0));
+    const auto sign = static_cast<HICON>(
+        LoadImageW(nullptr, IDI_INFORMATION, IMAGE_ICON, 0, 0, LR_SHARED | LR_DEFAULTSIZE));
+    DrawIconEx(dc, text.Width() / 20, text.top, sign, 30, 30, 0, nullptr, DI_NORMAL);
+    TipFont bold(FW_BOLD);
+    TipFont normal(FW_NORMAL);
+    CFont* before = dc.SelectObject(&bold);
+    dc.DrawText(L"Note", text, DT_CENTER | DT_SINGLELINE);
+    dc.SelectObject(&normal);
+    if (!fits) text.top += 16;
+    dc.DrawText(message, text, DT_CENTER | (fits ? DT_VCENTER | DT_SINGLELINE : DT_WORDBREAK));
+    dc.SelectObject(before);
+}
+
 }  // namespace
 
 TEST_F(Balloon, SecondShow_GivesNull) {
@@ -155,6 +182,18 @@ TEST_F(Balloon, ActivatingAnotherWindow_ClosesIt) {
     EXPECT_FALSE(IsWindow(window));
 }
 
+TEST_F(Balloon, ActivatingByAClick_ClosesIt) {
+    for (UINT state : {WA_INACTIVE, WA_CLICKACTIVE}) {
+        CBalloonTip* tip = ShowTip(L"note");
+        ASSERT_NE(tip, nullptr);
+        const HWND window = tip->m_hWnd;
+        SendMessageW(window, WM_ACTIVATE, WA_ACTIVE, 0);
+        EXPECT_TRUE(IsWindow(window));
+        SendMessageW(window, WM_ACTIVATE, state, 0);
+        EXPECT_FALSE(IsWindow(window)) << state;
+    }
+}
+
 TEST_F(Balloon, LeavingTheProgram_ClosesIt) {
     CBalloonTip* tip = ShowTip(L"note");
     ASSERT_NE(tip, nullptr);
@@ -199,6 +238,35 @@ TEST_F(Balloon, IsFilledWithTheTipColourAndFramedInBlack) {
         isFramed = isFramed || dc.GetPixel(x, y) == RGB(0, 0, 0);
     EXPECT_TRUE(isFramed);
     CBalloonTip::Hide(tip);
+}
+
+TEST_F(Balloon, SignTitleAndMessage_StandInTheirPlaces) {
+    // The client area of the captioned frame that the window is made with.
+    const int width = 200 - 2 * GetSystemMetrics(SM_CXFIXEDFRAME);
+    const int height = 7 * 16 - 2 * GetSystemMetrics(SM_CYFIXEDFRAME) - GetSystemMetrics(SM_CYCAPTION);
+    const CRect text(40, 35, width - 20, height * 9 / 10);
+    for (const auto& [message, fits] : {std::pair(L"short", true), std::pair(L"one\ntwo", false)}) {
+        CBalloonTip* tip = ShowTip(message);
+        ASSERT_NE(tip, nullptr);
+        tip->UpdateWindow();
+        CClientDC shown(tip);
+        CDC expected;
+        CBitmap bitmap;
+        expected.CreateCompatibleDC(&shown);
+        bitmap.CreateCompatibleBitmap(&shown, width, height);
+        CBitmap* before = expected.SelectObject(&bitmap);
+        CBrush ground(GetSysColor(COLOR_INFOBK));
+        expected.FillRect(CRect(0, 0, width, height), &ground);
+        DrawExpected(expected, text, message, fits);
+        int differences = 0;
+        for (int y = text.top; y < text.bottom - 4; ++y) {
+            for (int x = 4; x < text.right; ++x)
+                differences += shown.GetPixel(x, y) != expected.GetPixel(x, y) ? 1 : 0;
+        }
+        EXPECT_EQ(differences, 0) << message;
+        expected.SelectObject(before);
+        CBalloonTip::Hide(tip);
+    }
 }
 
 TEST_F(Balloon, TextThatFits_StaysWhereItIs) {

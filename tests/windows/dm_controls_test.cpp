@@ -18,6 +18,11 @@ using testing::IsEmpty;
 
 namespace {
 
+class DrawnSplitter : public CSplitterControl {
+  public:
+    using CSplitterControl::DrawLine;
+};
+
 class Splitter : public testing::Test {
   protected:
     CRect Place() const {
@@ -33,7 +38,7 @@ class Splitter : public testing::Test {
     }
 
     OwnerWnd m_owner;
-    CSplitterControl m_bar;
+    DrawnSplitter m_bar;
 };
 
 class OwnerDrawnButton : public testing::Test {
@@ -176,15 +181,45 @@ TEST_F(Splitter, LineDrawnTwice_LeavesTheScreenAsItWas) {
     windows::PumpWaiting();
     CRect bar;
     m_bar.GetWindowRect(bar);
-    const CPoint onLine(bar.CenterPoint().x - 1 + 30, bar.CenterPoint().y);
-    const auto pixel = [&] { return CWindowDC(nullptr).GetPixel(onLine.x, onLine.y); };
-    const COLORREF before = pixel();
+    // Of the line where the bar is, and of the line 30 pixels to the right.
+    const auto pixelAt = [&](int moved) {
+        return CWindowDC(nullptr).GetPixel(bar.CenterPoint().x - 1 + moved, bar.CenterPoint().y);
+    };
+    const COLORREF before = pixelAt(0);
+    const COLORREF beforeMoved = pixelAt(30);
     windows::MouseDown(m_bar, {2, 50});
+    EXPECT_NE(pixelAt(0), before);
     windows::MouseMove(m_bar, {32, 50}, MK_LBUTTON);
-    EXPECT_NE(pixel(), before);
+    EXPECT_EQ(pixelAt(0), before);
+    EXPECT_NE(pixelAt(30), beforeMoved);
     windows::MouseMove(m_bar, {80, 50}, MK_LBUTTON);
-    EXPECT_EQ(pixel(), before);
+    EXPECT_EQ(pixelAt(30), beforeMoved);
     windows::MouseUp(m_bar, {80, 50});
+}
+
+TEST_F(Splitter, Line_IsTwoLightStripesBesideItsPlace) {
+    m_bar.Create(WS_CHILD | WS_VISIBLE, CRect(100, 10, 120, 310), &m_owner, 77);
+    CRect bar;
+    m_bar.GetWindowRect(bar);
+    CWindowDC screen(nullptr);
+    CDC picture;
+    CBitmap bitmap;
+    picture.CreateCompatibleDC(&screen);
+    bitmap.CreateCompatibleBitmap(&screen, 100, bar.bottom + 10);
+    CBitmap* before = picture.SelectObject(&bitmap);
+    PatBlt(picture, 0, 0, 100, bar.bottom + 10, WHITENESS);
+    m_bar.DrawLine(&picture, 50, 0);
+    const int middle = bar.CenterPoint().y;
+    for (int x : {49, 51}) {
+        EXPECT_EQ(picture.GetPixel(x, bar.top - 1), RGB(255, 255, 255));
+        EXPECT_EQ(picture.GetPixel(x, bar.top), COLORREF{0xC8C8C8});
+        EXPECT_EQ(picture.GetPixel(x, middle), COLORREF{0xC8C8C8});
+        EXPECT_EQ(picture.GetPixel(x, bar.bottom - 1), COLORREF{0xC8C8C8});
+        EXPECT_EQ(picture.GetPixel(x, bar.bottom), RGB(255, 255, 255));
+    }
+    for (int x : {48, 50, 52})
+        EXPECT_EQ(picture.GetPixel(x, middle), RGB(255, 255, 255));
+    picture.SelectObject(before);
 }
 
 // --- owner-drawn button

@@ -146,6 +146,34 @@ TEST_F(DrawingManagerDetails, Tooltips_NameEachButton) {
     });
 }
 
+TEST_F(DrawingManagerDetails, ButtonIcons_Are24PixelsLarge) {
+    UseUsualDatabase();
+    Run([](ManagerDriver& driver) {
+        CWnd* button = CWnd::FromHandle(windows::Control(driver.Dialog(), IDC_SHOW_HIDE));
+        button->RedrawWindow();
+        CClientDC shown(button);
+        CDC expected;
+        CBitmap bitmap;
+        expected.CreateCompatibleDC(&shown);
+        bitmap.CreateCompatibleBitmap(&shown, 30, 30);
+        CBitmap* before = expected.SelectObject(&bitmap);
+        CBrush ground(GetSysColor(COLOR_BTNFACE));
+        expected.FillRect(CRect(0, 0, 30, 30), &ground);
+        const LPCTSTR name = MAKEINTRESOURCE(IDI_SHOW_HIDE);
+        const auto icon = static_cast<HICON>(
+            LoadImageW(AfxFindResourceHandle(name, RT_GROUP_ICON), name, IMAGE_ICON, 24, 24, 0));
+        DrawIconEx(expected, 3, 3, icon, 24, 24, 0, nullptr, DI_NORMAL);
+        int differences = 0;
+        for (int y = 2; y < 28; ++y) {
+            for (int x = 2; x < 28; ++x)
+                differences += shown.GetPixel(x, y) != expected.GetPixel(x, y) ? 1 : 0;
+        }
+        EXPECT_EQ(differences, 0);
+        expected.SelectObject(before);
+        DestroyIcon(icon);
+    });
+}
+
 // --- balloons
 
 TEST_F(DrawingManagerDetails, Commands_PutTheBalloonAwayFirst) {
@@ -155,7 +183,7 @@ TEST_F(DrawingManagerDetails, Commands_PutTheBalloonAwayFirst) {
         for (int id :
              {IDC_OPEN_DRAWING, ID_DRAWINGS_OPEN, ID_DRAWINGS_OPENREADONLY, IDC_NEW_DRAWING, ID_DRAWINGS_NEW,
               IDC_COPY_DRAWING, ID_DRAWINGS_COPY, IDC_RENAME_DRAWING, ID_DRAWINGS_RENAME, IDC_DELETE_DRAWING,
-              ID_DRAWINGS_DELETE, ID_DRAWINGS_SHOWBACKUPS, ID_DRAWINGS_REFRESHLIST, IDC_SHOW_HIDE}) {
+              ID_DRAWINGS_DELETE, ID_DRAWINGS_SHOWBACKUPS, ID_DRAWINGS_REFRESHLIST, IDOK, IDC_SHOW_HIDE}) {
             driver.SelectItem({L"Acme"});
             driver.SelectItem({L"Yard"});
             const HWND balloon = FindBalloon();
@@ -163,6 +191,21 @@ TEST_F(DrawingManagerDetails, Commands_PutTheBalloonAwayFirst) {
             driver.Command(id);
             EXPECT_FALSE(IsWindow(balloon)) << id;
         }
+    });
+}
+
+TEST_F(DrawingManagerDetails, Escape_PutsTheBalloonAwayBeforeItAsks) {
+    UseUsualDatabase();
+    AddStandardWithoutLocation(7, "Yard");
+    SetValue(kProjectIdValue, 0);
+    windows::BoxAnswers boxes({IDNO, IDYES});
+    Run([](ManagerDriver& driver) {
+        driver.SelectItem({L"Yard"});
+        const HWND balloon = FindBalloon();
+        ASSERT_NE(balloon, nullptr);
+        driver.Escape();
+        EXPECT_TRUE(IsWindowVisible(driver.Dialog()));
+        EXPECT_FALSE(IsWindow(balloon));
     });
 }
 
@@ -377,10 +420,7 @@ TEST_F(DrawingManagerDetails, ReturnDuringAnEditInTheList_EndsTheEditAndNotTheDi
         const HWND edit = driver.EditRow(L"A");
         ASSERT_NE(edit, nullptr);
         SetWindowTextW(edit, L"B");
-        windows::PostKey(edit, VK_RETURN);
-        const auto translate = [](MSG& message) { return AfxPreTranslateMessage(&message) != FALSE; };
-        EXPECT_TRUE(
-            windows::WaitFor([&] { return driver.ListEdit() == nullptr; }, windows::kPatience, translate));
+        EXPECT_TRUE(driver.PressInLabelEdit(edit, VK_RETURN));
         EXPECT_TRUE(IsWindowVisible(driver.Dialog()));
         EXPECT_THAT(driver.Rows(), ElementsAre(L"B"));
     });

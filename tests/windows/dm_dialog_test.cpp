@@ -181,6 +181,16 @@ TEST_F(DrawingManagerDialog, CloseBox_RemembersPositionAndBackups) {
     EXPECT_EQ(GetNumber(kBackupStateValue), 8u);
 }
 
+TEST_F(DrawingManagerDialog, AnyRememberedStateOfBackups_IsSwitchedOff) {
+    UseUsualDatabase();
+    SetValue(kBackupStateValue, 3);
+    Run([](ManagerDriver& driver) {
+        driver.Command(ID_DRAWINGS_SHOWBACKUPS);
+        SendMessageW(driver.Dialog(), WM_CLOSE, 0, 0);
+    });
+    EXPECT_EQ(GetNumber(kBackupStateValue), 0u);
+}
+
 TEST_F(DrawingManagerDialog, ClosingWithoutEverOpening_AsksAndNoKeepsTheDialog) {
     UseUsualDatabase();
     SetValue(kProjectIdValue, 0);
@@ -289,6 +299,21 @@ TEST_F(DrawingManagerDialog, ReturnWithARow_OpensTheDrawing) {
         driver.Command(IDOK);
     });
     EXPECT_EQ(answer, IDOK);
+    EXPECT_THAT(dialog.m_astrOpenList, ElementsAre(InDrawings(L"P-1.dwg")));
+    EXPECT_FALSE(dialog.m_bOpenReadOnly);
+}
+
+TEST_F(DrawingManagerDialog, ReturnAfterOpenReadOnlyOfABackup_OpensForWriting) {
+    UseUsualDatabase();
+    PutDrawings({L"P-1.dwg", L"P-2.bak"});
+    SetValue(kBackupStateValue, 8);
+    ManagerDlg dialog;
+    Run(dialog, [](ManagerDriver& driver) {
+        driver.SelectRows({L"P-2.bak"});
+        driver.Command(ID_DRAWINGS_OPENREADONLY);  // only the box, and the dialog stays
+        driver.SelectRows({L"P-1"});
+        driver.Command(IDOK);
+    });
     EXPECT_THAT(dialog.m_astrOpenList, ElementsAre(InDrawings(L"P-1.dwg")));
     EXPECT_FALSE(dialog.m_bOpenReadOnly);
 }

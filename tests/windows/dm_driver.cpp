@@ -202,6 +202,13 @@ HWND ManagerDriver::TreeEdit() const {
     return reinterpret_cast<HWND>(SendMessageW(m_tree, TVM_GETEDITCONTROL, 0, 0));
 }
 
+bool ManagerDriver::PressInLabelEdit(HWND edit, WORD key) const {
+    windows::PostKey(edit, key);
+    const auto translate = [](MSG& message) { return AfxPreTranslateMessage(&message) != FALSE; };
+    return windows::WaitFor([this] { return ListEdit() == nullptr && TreeEdit() == nullptr; },
+                            windows::kPatience, translate);
+}
+
 std::wstring ManagerDriver::Location() const {
     return windows::TextOf(m_dialog, IDC_LOCATION);
 }

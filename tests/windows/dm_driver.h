@@ -43,6 +43,8 @@ class ManagerDriver {
     HWND EditRow(const std::wstring& row) const;
     HWND ListEdit() const;
     HWND TreeEdit() const;
+    // A key in a label's edit control, handed on as the dialog's own loop does. True once no label is edited.
+    bool PressInLabelEdit(HWND edit, WORD key) const;
 
     // --- the rest
     std::wstring Location() const;

@@ -82,6 +82,19 @@ TEST_F(DrawingManagerFolders, NewFolderBesideOthers_LeavesNothingSelected) {
     EXPECT_FALSE(HasFolder(InDrawings(L"New Folder (1)")));
 }
 
+TEST_F(DrawingManagerFolders, NewFolder_ReadsTwoLevelsAndOpensTheParent) {
+    UseUsualDatabase();
+    Run([&](ManagerDriver& driver) {
+        driver.SelectItem(Standard());
+        PutFolder(InDrawings(L"A\\B\\C"));
+        driver.Command(ID_PROJECTS_NEWFOLDER);
+        EXPECT_THAT(driver.TreeLines(),
+                    ElementsAre(L"Acme", L"  Pump House", L"    A", L"      B", L"Tank Farm"));
+        const auto standard = reinterpret_cast<WPARAM>(driver.Item(Standard()));
+        EXPECT_NE(SendMessageW(driver.Tree(), TVM_GETITEMSTATE, standard, TVIS_EXPANDED) & TVIS_EXPANDED, 0);
+    });
+}
+
 TEST_F(DrawingManagerFolders, NewFolderWhereThereAreNone_EditsTheSelectedFolderItself) {
     UseUsualDatabase();
     PutFolder(InDrawings(L"A"));

@@ -8,6 +8,7 @@
 #include "document/doc_xdata.h"
 #include "document/drawing_queries.h"
 #include "drawing_manager/manager_registry.h"
+#include "frame/hostile_host.h"
 #include "frame/workbench_app.h"
 #include "resources/resource.h"
 
@@ -131,6 +132,23 @@ TEST_F(DrawingManagerInHost, SingleDoc_ClosesAllDocumentsFirst) {
     EXPECT_THAT(dialog.m_astrOpenList, ElementsAre(InDrawings(L"A.dwg")));
     EXPECT_EQ(acDocManager->documentCount(), 0);
     EXPECT_THAT(watcher.m_flags, ElementsAre(true, true));
+    EXPECT_FALSE(dialog.m_bClosingDocuments);
+}
+
+TEST_F(DrawingManagerInHost, SingleDocWhereTheHostListsNoDocuments_OpensAllTheSame) {
+    UseUsualDatabase();
+    PutDrawings({L"A.dwg"});
+    SetValue(kSingleDocumentValue, 1);
+    AddDocument(5);
+    ManagerDlg dialog;
+    frame::HostileHost hostile(L"AcApDocManager::newAcApDocumentIterator");
+    hostile.Watch(GetModuleHandleW(nullptr));
+    Run(dialog, [](ManagerDriver& driver) {
+        driver.SelectRows({L"A"});
+        windows::Click(driver.Dialog(), IDC_OPEN_DRAWING);
+    });
+    EXPECT_NE(hostile.Failures(), L"");
+    EXPECT_THAT(dialog.m_astrOpenList, ElementsAre(InDrawings(L"A.dwg")));
     EXPECT_FALSE(dialog.m_bClosingDocuments);
 }
 

@@ -160,6 +160,31 @@ TEST_F(DrawingManagerList, Selection_IsRememberedAndRestored) {
     Run([](ManagerDriver& driver) { EXPECT_THAT(driver.SelectedRows(), ElementsAre(L"B")); });
 }
 
+TEST_F(DrawingManagerList, RememberedDrawing_HasTheFocusAndIsInSight) {
+    UseUsualDatabase();
+    for (int i = 100; i < 200; ++i)
+        PutFile(InDrawings(L"P-" + std::to_wstring(i) + L".dwg"), "x");
+    SetValue(kSelectedDrawingValue, std::wstring(L"P-199"));
+    Run([](ManagerDriver& driver) {
+        EXPECT_THAT(driver.SelectedRows(), ElementsAre(L"P-199"));
+        EXPECT_EQ(SendMessageW(driver.List(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED), 99);
+        EXPECT_NE(SendMessageW(driver.List(), LVM_ISITEMVISIBLE, 99, 0), 0);
+    });
+}
+
+TEST_F(DrawingManagerList, Pictures_HaveTheirSizes) {
+    UseUsualDatabase();
+    Run([](ManagerDriver& driver) {
+        const auto sizeOf = [](LRESULT images) {
+            int width = 0, height = 0;
+            ImageList_GetIconSize(reinterpret_cast<HIMAGELIST>(images), &width, &height);
+            return CSize(width, height);
+        };
+        EXPECT_EQ(sizeOf(SendMessageW(driver.List(), LVM_GETIMAGELIST, LVSIL_SMALL, 0)), CSize(24, 24));
+        EXPECT_EQ(sizeOf(SendMessageW(driver.Tree(), TVM_GETIMAGELIST, TVSIL_NORMAL, 0)), CSize(16, 16));
+    });
+}
+
 TEST_F(DrawingManagerList, RememberedDrawingThatIsGone_SelectsNothing) {
     UseUsualDatabase();
     PutDrawings({L"A.dwg"});
@@ -223,6 +248,19 @@ TEST_F(DrawingManagerList, EmptyLocation_ShowsTheErrorBalloon) {
         EXPECT_EQ(rect.left, std::max(0L, box.left));
         EXPECT_LT(rect.top, box.top);
         driver.SelectItem({L"Acme"});
+        EXPECT_EQ(FindBalloon(), nullptr);
+    });
+}
+
+TEST_F(DrawingManagerList, HiddenList_ShowsNoBalloons) {
+    UseUsualDatabase();
+    AddStandardWithoutLocation(7, "Yard");
+    PutFile(InRoot(L"Tanks\\Drawing1.dwg"), "x");
+    Run([](ManagerDriver& driver) {
+        windows::Click(driver.Dialog(), IDC_SHOW_HIDE);
+        driver.SelectItem({L"Yard"});
+        EXPECT_EQ(FindBalloon(), nullptr);
+        driver.SelectItem({L"Tank Farm"});
         EXPECT_EQ(FindBalloon(), nullptr);
     });
 }

@@ -57,6 +57,19 @@ TEST_F(DrawingManagerThumbnail, OfSeveralSelectedDrawings_ShowsTheFirst) {
     });
 }
 
+TEST_F(DrawingManagerThumbnail, ClickOnTheSelectedRow_ShowsItAnew) {
+    UseUsualDatabase();
+    PutDrawings({L"A.dwg"});
+    Run([&](ManagerDriver& driver) {
+        driver.SelectRows({L"A"});
+        TakePuts();
+        NMITEMACTIVATE click{};
+        click.hdr = {driver.List(), IDC_DRAWING_LIST, NM_CLICK};
+        SendMessageW(driver.Dialog(), WM_NOTIFY, IDC_DRAWING_LIST, reinterpret_cast<LPARAM>(&click));
+        EXPECT_EQ(TakePuts(), Showing(InDrawings(L"A.dwg")));
+    });
+}
+
 TEST_F(DrawingManagerThumbnail, RefreshWithoutASelection_ShowsNothing) {
     UseUsualDatabase();
     PutDrawings({L"A.dwg"});

@@ -352,10 +352,7 @@ TEST_F(DrawingManagerTree, ReturnDuringAnEdit_EndsTheEditAndNotTheDialog) {
         const HWND edit = driver.TreeEdit();
         ASSERT_NE(edit, nullptr);
         SetWindowTextW(edit, L"New");
-        windows::PostKey(edit, VK_RETURN);
-        const auto translate = [](MSG& message) { return AfxPreTranslateMessage(&message) != FALSE; };
-        EXPECT_TRUE(
-            windows::WaitFor([&] { return driver.TreeEdit() == nullptr; }, windows::kPatience, translate));
+        EXPECT_TRUE(driver.PressInLabelEdit(edit, VK_RETURN));
         EXPECT_TRUE(IsWindowVisible(driver.Dialog()));
         EXPECT_TRUE(HasFolder(InDrawings(L"New")));
     });
@@ -369,10 +366,7 @@ TEST_F(DrawingManagerTree, EscapeDuringAnEdit_EndsTheEditAndNotTheDialog) {
         driver.Command(ID_PROJECTS_RENAME);
         const HWND edit = driver.TreeEdit();
         ASSERT_NE(edit, nullptr);
-        windows::PostKey(edit, VK_ESCAPE);
-        const auto translate = [](MSG& message) { return AfxPreTranslateMessage(&message) != FALSE; };
-        EXPECT_TRUE(
-            windows::WaitFor([&] { return driver.TreeEdit() == nullptr; }, windows::kPatience, translate));
+        EXPECT_TRUE(driver.PressInLabelEdit(edit, VK_ESCAPE));
         EXPECT_TRUE(IsWindowVisible(driver.Dialog()));
         EXPECT_TRUE(HasFolder(InDrawings(L"A")));
     });

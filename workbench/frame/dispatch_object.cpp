@@ -81,6 +81,7 @@ long CallArguments::Number(std::size_t index, long otherwise) const {
 HRESULT DispatchObject::QueryInterface(REFIID iid, void** object) {
     if (object == nullptr) return E_POINTER;
     *object = nullptr;
+    if (HostileHost::Fails("IUnknown::QueryInterface", __builtin_return_address(0))) return E_NOINTERFACE;
     if (iid != IID_IUnknown && iid != IID_IDispatch && !Offers(iid)) return E_NOINTERFACE;
     *object = static_cast<IDispatch*>(this);
     AddRef();

@@ -98,7 +98,8 @@ constexpr HostCall kCalls[] = {
     {"RegCreateKeyExW", "RegCreateKeyExW", ERROR_ACCESS_DENIED},
     {"RegSetValueExW", "RegSetValueExW", ERROR_ACCESS_DENIED},
     {"RegQueryValueExW", "RegQueryValueExW", ERROR_FILE_NOT_FOUND},
-    {"IDispatch::Invoke", nullptr, kNothing},  // these two fail with codes of their own
+    {"IUnknown::QueryInterface", nullptr, kNothing},  // these three fail with codes of their own
+    {"IDispatch::Invoke", nullptr, kNothing},
     {"IDispatch::GetIDsOfNames", nullptr, kNothing},
     {"AcApDocManager::curDocument", nullptr, kNothing},
     {"AcApDocManager::documentCount", nullptr, kNothing},

@@ -136,4 +136,8 @@ Script ParseScript(const std::wstring& text) {
     return script;
 }
 
+std::wstring Quoted(const std::wstring& text) {
+    return L"\"" + text + L"\"";
+}
+
 }  // namespace frame

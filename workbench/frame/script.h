@@ -87,4 +87,7 @@ struct ScriptDirective {
 };
 const std::vector<ScriptDirective>& ScriptDirectives();
 
+// A text in quotes, as messages about a script show it.
+std::wstring Quoted(const std::wstring& text);
+
 }  // namespace frame

@@ -67,18 +67,29 @@ class ARX_PORT ScriptPlayer {
     Outcome Attempt(const ScriptStep& step);
     Outcome AttemptRun(const ScriptStep& step);
     Outcome AttemptWait(const ScriptStep& step);
+    Outcome AttemptInputDevice(const ScriptStep& step);
+    Outcome SetPatience(const std::wstring& text);
+    Outcome AttemptPicture(const ScriptStep& step);
+    Outcome Input(const ScriptStep& step);
+    std::wstring PicturePath(const std::wstring& name) const;
+
+    // --- script_player_windows.cpp
+    Outcome AttemptWindow(const ScriptStep& step);
     Outcome AttemptControl(const ScriptStep& step);
     Outcome AtPoint(POINT point, std::function<void()> act);
     Outcome AttemptDialog(const ScriptStep& step);
     Outcome AttemptList(const ScriptStep& step);
     Outcome AttemptTree(const ScriptStep& step);
     Outcome AttemptMenu(const ScriptStep& step);
+    Outcome AttemptPopupMenu(HWND popup, const std::wstring& name);
+    Outcome AttemptMenuBar(const std::vector<std::wstring>& names);
     Outcome AttemptPalette(const ScriptStep& step);
-    Outcome AttemptPicture(const ScriptStep& step);
+
+    // --- script_player_asserts.cpp
+    static Outcome Expect(const std::wstring& found, const std::wstring& wanted, bool equal);
     Outcome AttemptAssert(const ScriptStep& step);
-    Outcome AttemptAssertControl(const ScriptStep& step, HWND control);
-    Outcome Input(const ScriptStep& step);
-    std::wstring PicturePath(const std::wstring& name) const;
+    Outcome AttemptAssertPalette(const ScriptStep& step);
+    Outcome AttemptAssertControl(const ScriptStep& step);
 
     Script m_script;
     Stage m_stage;

@@ -3,6 +3,18 @@
 
 #include <gtest/gtest.h>
 
+namespace {
+
+void ExpectNote(const CBalloonNote& note, const std::wstring& text, int lines) {
+    EXPECT_EQ(note.strTitle, L"Note");
+    EXPECT_EQ(note.uIconId, 32516u);
+    EXPECT_EQ(note.strText, text);
+    EXPECT_FALSE(note.bUp);
+    EXPECT_EQ(note.nLines, lines);
+}
+
+}  // namespace
+
 TEST(BalloonNotes, InvalidLocation_IsAnErrorAboveItsPlace) {
     const CBalloonNote note = MakeInvalidLocationNote();
     EXPECT_EQ(note.strTitle, L"Error");
@@ -16,32 +28,18 @@ TEST(BalloonNotes, InvalidLocation_IsAnErrorAboveItsPlace) {
 }
 
 TEST(BalloonNotes, OnlyTheDefaultDrawing_IsANoteBelow) {
-    const CBalloonNote note = MakeDefaultDrawingNote();
-    EXPECT_EQ(note.strTitle, L"Note");
-    EXPECT_EQ(note.uIconId, 32516u);
-    EXPECT_EQ(
-        note.strText,
+    ExpectNote(
+        MakeDefaultDrawingNote(),
         L"Use the Standards Manager to specify the location of your drawings. Then they will appear here "
-        L"for quick access.");
-    EXPECT_FALSE(note.bUp);
-    EXPECT_EQ(note.nLines, -1);
+        L"for quick access.",
+        -1);
 }
 
 TEST(BalloonNotes, ReadOnly_IsANoteBelow) {
-    const CBalloonNote note = MakeReadOnlyNote();
-    EXPECT_EQ(note.strTitle, L"Note");
-    EXPECT_EQ(note.uIconId, 32516u);
-    EXPECT_EQ(note.strText, L"This drawing is marked as Read-Only");
-    EXPECT_FALSE(note.bUp);
-    EXPECT_EQ(note.nLines, -1);
+    ExpectNote(MakeReadOnlyNote(), L"This drawing is marked as Read-Only", -1);
 }
 
 TEST(BalloonNotes, Locked_TellsWhoWhereAndWhenInThreeLines) {
-    const CBalloonNote note = MakeLockedNote(L"anna 100%s", L"WS%d", L"today");
-    EXPECT_EQ(note.strTitle, L"Note");
-    EXPECT_EQ(note.uIconId, 32516u);
-    EXPECT_EQ(note.strText,
-              L"This drawing has been locked by AutoCAD\nUser: anna 100%s on WS%d\nDate: today");
-    EXPECT_FALSE(note.bUp);
-    EXPECT_EQ(note.nLines, 3);
+    ExpectNote(MakeLockedNote(L"anna 100%s", L"WS%d", L"today"),
+               L"This drawing has been locked by AutoCAD\nUser: anna 100%s on WS%d\nDate: today", 3);
 }

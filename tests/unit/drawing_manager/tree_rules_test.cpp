@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "drawing_manager/drawing_state.h"
-
 namespace {
 
 int Sign(int n) {
@@ -73,25 +71,4 @@ TEST(ItemDataToId, ValueWithoutSign_ReadsAsNegative) {
     EXPECT_EQ(ItemDataToId(0xFFFFFFFFu), -1);
     EXPECT_EQ(ItemDataToId(0xFFFFFFFFFFFFFFFFull), -1);
     EXPECT_EQ(ItemDataToId(7), 7);
-}
-
-TEST(StateOfDrawing, Lock_WinsOverAttributes) {
-    EXPECT_EQ(GetStateOfDrawing(true, 0x01), kDrawingLocked);
-    EXPECT_EQ(GetStateOfDrawing(true, 0x20), kDrawingLocked);
-}
-
-TEST(StateOfDrawing, Attributes_TellReadOnlyFiles) {
-    EXPECT_EQ(GetStateOfDrawing(false, 0x20), kDrawingNormal);
-    EXPECT_EQ(GetStateOfDrawing(false, 0x21), kDrawingReadOnly);
-}
-
-TEST(StateOfDrawing, MissingFile_ShowsAsReadOnly) {
-    EXPECT_EQ(GetStateOfDrawing(false, 0xFFFFFFFF), kDrawingReadOnly);
-}
-
-TEST(StateOfDrawing, OnlyLockedAndReadOnlyRows_HaveANote) {
-    EXPECT_FALSE(HasStateNote(kDrawingNormal));
-    EXPECT_FALSE(HasStateNote(kDrawingBackup));
-    EXPECT_TRUE(HasStateNote(kDrawingLocked));
-    EXPECT_TRUE(HasStateNote(kDrawingReadOnly));
 }
