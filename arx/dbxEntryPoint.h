@@ -25,8 +25,13 @@ struct _ADSK_RXOBJECT_ENTRY {
 
 using ADSK_RXOBJECT_ENTRY = _ADSK_RXOBJECT_ENTRY;
 
-// The optimiser would otherwise turn the order of the rows, which LISP function codes depend on.
+// An optimiser may turn the order of the rows, which LISP function codes depend on, unless it is told.
+// Compilers that do not know the attribute keep the order.
+#if __has_cpp_attribute(gnu::no_reorder)
 #define ARX_ENTRY_SECTION(NAME) [[gnu::used, gnu::no_reorder, gnu::section(NAME)]]
+#else
+#define ARX_ENTRY_SECTION(NAME) [[gnu::used, gnu::section(NAME)]]
+#endif
 
 extern "C" {
 extern ADSK_RXOBJECT_ENTRY* const __start_arxclass[];

@@ -24,6 +24,7 @@ void kv2dDocManagerReactor::documentDestroyed(const ACHAR*) {
 
 void kv2dDocManagerReactor::Attach() {
     Detach();
+    if (mbAutoInitAndRelease) return;
     if (AcApDocManager* pManager = Subject()) {
         pManager->addReactor(this);
         mbAutoInitAndRelease = true;
@@ -67,6 +68,7 @@ void kv2dEditorReactor::sysVarChanged(const ACHAR* varName, bool success) {
 
 void kv2dEditorReactor::Attach() {
     Detach();
+    if (mbAutoInitAndRelease) return;
     if (AcEditor* pEditor = Subject()) {
         pEditor->addReactor(this);
         mbAutoInitAndRelease = true;

@@ -7,6 +7,16 @@
 
 namespace workbench::drawing_file {
 
+// Records of which only the name and the flags are known here.
+template <class Record>
+struct NameAlone {
+    template <class Fields, class Data>
+    static void Map(Fields& fields, Data& record) {
+        fields.Subclass(FieldsOf<Record>::kMarker);
+        fields.RecordName(record);
+    }
+};
+
 template <>
 struct FieldsOf<database::LayerData> {
     static constexpr std::string_view kTable = "LAYER";
@@ -55,47 +65,27 @@ struct FieldsOf<database::TextStyleData> {
 };
 
 template <>
-struct FieldsOf<database::RegAppData> {
+struct FieldsOf<database::RegAppData> : NameAlone<database::RegAppData> {
     static constexpr std::string_view kTable = "APPID";
     static constexpr std::string_view kMarker = "AcDbRegAppTableRecord";
-    template <class Fields, class Data>
-    static void Map(Fields& fields, Data& application) {
-        fields.Subclass(kMarker);
-        fields.RecordName(application);
-    }
 };
 
 template <>
-struct FieldsOf<database::DimStyleData> {
+struct FieldsOf<database::DimStyleData> : NameAlone<database::DimStyleData> {
     static constexpr std::string_view kTable = "DIMSTYLE";
     static constexpr std::string_view kMarker = "AcDbDimStyleTableRecord";
-    template <class Fields, class Data>
-    static void Map(Fields& fields, Data& style) {
-        fields.Subclass(kMarker);
-        fields.RecordName(style);
-    }
 };
 
 template <>
-struct FieldsOf<database::ViewData> {
+struct FieldsOf<database::ViewData> : NameAlone<database::ViewData> {
     static constexpr std::string_view kTable = "VIEW";
     static constexpr std::string_view kMarker = "AcDbViewTableRecord";
-    template <class Fields, class Data>
-    static void Map(Fields& fields, Data& view) {
-        fields.Subclass(kMarker);
-        fields.RecordName(view);
-    }
 };
 
 template <>
-struct FieldsOf<database::UcsData> {
+struct FieldsOf<database::UcsData> : NameAlone<database::UcsData> {
     static constexpr std::string_view kTable = "UCS";
     static constexpr std::string_view kMarker = "AcDbUCSTableRecord";
-    template <class Fields, class Data>
-    static void Map(Fields& fields, Data& ucs) {
-        fields.Subclass(kMarker);
-        fields.RecordName(ucs);
-    }
 };
 
 template <>

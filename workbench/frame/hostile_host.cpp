@@ -102,6 +102,7 @@ constexpr HostCall kCalls[] = {
     {"IDispatch::Invoke", nullptr, kNothing},
     {"IDispatch::GetIDsOfNames", nullptr, kNothing},
     {"AcApDocManager::curDocument", nullptr, kNothing},
+    {"AcApDocManager::document", nullptr, kNothing},
     {"AcApDocManager::documentCount", nullptr, kNothing},
     {"AcApDocManager::newAcApDocumentIterator", nullptr, kNothing},
     {"AcApDocManager::lockDocument", nullptr, Acad::eLockConflict},
@@ -257,6 +258,7 @@ void HostileHost::WatchInterfaces() {
     auto* host = workbench::host::Host::Current();
     AcApDocManager* documents = &host->Documents();
     watch(documents, SlotOf(&AcApDocManager::curDocument), "AcApDocManager::curDocument");
+    watch(documents, SlotOf(&AcApDocManager::document), "AcApDocManager::document");
     watch(documents, SlotOf(&AcApDocManager::documentCount), "AcApDocManager::documentCount");
     watch(documents, SlotOf(&AcApDocManager::newAcApDocumentIterator),
           "AcApDocManager::newAcApDocumentIterator");

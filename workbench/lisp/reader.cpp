@@ -1,10 +1,13 @@
 #include "reader.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cwctype>
+#include <iterator>
 #include <limits>
 
 #include "interpreter.h"
+#include "text_escapes.h"
 
 namespace workbench::lisp {
 namespace {
@@ -142,22 +145,10 @@ Value Reader::ReadText() {
             continue;
         }
         const wchar_t escaped = m_text[m_position++];
-        switch (escaped) {
-            case L'n':
-                text.push_back(L'\n');
-                break;
-            case L'r':
-                text.push_back(L'\r');
-                break;
-            case L't':
-                text.push_back(L'\t');
-                break;
-            case L'e':
-                text.push_back(L'\x1b');
-                break;
-            default:
-                text.push_back(escaped);
-        }
+        const auto* known =
+            std::find_if(std::begin(kTextEscapes), std::end(kTextEscapes),
+                         [escaped](const TextEscape& escape) { return escape.letter == escaped; });
+        text.push_back(known != std::end(kTextEscapes) ? known->character : escaped);
     }
     throw Error{L"malformed string on input"};
 }

@@ -1,8 +1,12 @@
 #include "value.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <iterator>
 #include <utility>
+
+#include "text_escapes.h"
 
 namespace workbench::lisp {
 namespace {
@@ -12,28 +16,14 @@ constexpr int kDeepest = 200;
 
 std::wstring QuotedText(const std::wstring& text) {
     std::wstring quoted = L"\"";
-    for (const wchar_t letter : text) {
-        switch (letter) {
-            case L'\n':
-                quoted += L"\\n";
-                break;
-            case L'\r':
-                quoted += L"\\r";
-                break;
-            case L'\t':
-                quoted += L"\\t";
-                break;
-            case L'\x1b':
-                quoted += L"\\e";
-                break;
-            case L'"':
-            case L'\\':
-                quoted.push_back(L'\\');
-                quoted.push_back(letter);
-                break;
-            default:
-                quoted.push_back(letter);
+    for (const wchar_t character : text) {
+        const auto* escape =
+            std::find_if(std::begin(kTextEscapes), std::end(kTextEscapes),
+                         [character](const TextEscape& known) { return known.character == character; });
+        if (escape != std::end(kTextEscapes)) {
+            quoted.push_back(L'\\');
         }
+        quoted.push_back(escape != std::end(kTextEscapes) ? escape->letter : character);
     }
     quoted.push_back(L'"');
     return quoted;

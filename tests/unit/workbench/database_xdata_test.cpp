@@ -97,9 +97,9 @@ TEST_F(XDataTest, Set_LettersOutsideTheCodePage_CountAsTheirEscapes) {
     EXPECT_EQ(SetText(std::wstring(255, L'\x20AC')), Acad::eOk);               // the euro too
 }
 
-TEST_F(XDataTest, Set_MoreThan16Kilobytes_IsRefused) {
-    std::vector<resbuf> items(66);
-    std::wstring text(250, L'x');  // 253 bytes with its code and length
+// Our name and the same text a number of times; the text outlives the items.
+std::vector<resbuf> NameAndTexts(std::size_t count, std::wstring& text) {
+    std::vector<resbuf> items(count + 1);
     items[0].restype = 1001;
     items[0].resval.rstring = const_cast<wchar_t*>(kName);
     for (std::size_t i = 1; i < items.size(); ++i) {
@@ -107,6 +107,12 @@ TEST_F(XDataTest, Set_MoreThan16Kilobytes_IsRefused) {
         items[i].resval.rstring = text.data();
         items[i - 1].rbnext = &items[i];
     }
+    return items;
+}
+
+TEST_F(XDataTest, Set_MoreThan16Kilobytes_IsRefused) {
+    std::wstring text(250, L'x');  // 253 bytes with its code and length
+    std::vector<resbuf> items = NameAndTexts(65, text);
     EXPECT_EQ(m_line->setXData(items.data()), Acad::eXdataSizeExceeded);
     items[items.size() - 2].rbnext = nullptr;  // 64 texts: 16,221 bytes
     EXPECT_EQ(m_line->setXData(items.data()), Acad::eOk);
@@ -115,14 +121,7 @@ TEST_F(XDataTest, Set_MoreThan16Kilobytes_IsRefused) {
 TEST_F(XDataTest, Set_TogetherWithAnotherApplicationOver16Kilobytes_IsRefused) {
     ASSERT_EQ(acdbRegApp(L"OTHER"), RTNORM);
     std::wstring text(250, L'x');
-    std::vector<resbuf> items(64);
-    items[0].restype = 1001;
-    items[0].resval.rstring = const_cast<wchar_t*>(kName);
-    for (std::size_t i = 1; i < items.size(); ++i) {
-        items[i].restype = 1000;
-        items[i].resval.rstring = text.data();
-        items[i - 1].rbnext = &items[i];
-    }
+    std::vector<resbuf> items = NameAndTexts(63, text);
     ASSERT_EQ(m_line->setXData(items.data()), Acad::eOk);
     const List other(acutBuildList(1001, L"OTHER", 1000, text.c_str(), 1000, text.c_str(), RTNONE));
     EXPECT_EQ(m_line->setXData(other.get()), Acad::eXdataSizeExceeded);
