@@ -43,7 +43,24 @@ void CheckLists(const std::wstring& text) {
     FUZZ_CHECK(isKey || id == 0 || std::count(live.ids.begin(), live.ids.end(), id) > 0);
 }
 
+// The bytes of a file after other programs have read and saved it, as often as that changes anything: rows
+// without a value are gone then, and a key that ends in " =" gets shorter with each save.
+std::string ReadAndSave(const std::wstring& path) {
+    std::string before, after;
+    do {
+        before = FuzzDatabase::Get().GetBytes(path);
+        CKV2D_IniFile ini;
+        ini.Open(path);
+        ini.Save(true);
+        after = FuzzDatabase::Get().GetBytes(path);
+    } while (after != before);
+    return after;
+}
+
 void CheckCreatingAndRenaming(const std::wstring& newName) {
+    // A key that ends in " =" may become the new line's key with the next save, and its row takes that line's
+    // place.
+    ReadAndSave(kLines);
     CKV2D_IniFile before;
     before.Open(kLines);
     int id = 0;
@@ -69,20 +86,6 @@ void CheckCreatingAndRenaming(const std::wstring& newName) {
         FUZZ_CHECK(trimmed.find(L'\n') != std::wstring::npos ||
                    std::count(renamed.names.begin(), renamed.names.end(), trimmed) > 0);
     }
-}
-
-// The bytes of a file after other programs have read and saved it, as often as that changes anything: rows
-// without a value are gone then, and a key that ends in " =" gets shorter with each save.
-std::string ReadAndSave(const std::wstring& path) {
-    std::string before, after;
-    do {
-        before = FuzzDatabase::Get().GetBytes(path);
-        CKV2D_IniFile ini;
-        ini.Open(path);
-        ini.Save(true);
-        after = FuzzDatabase::Get().GetBytes(path);
-    } while (after != before);
-    return after;
 }
 
 void CheckJoiningLines(std::string_view lines, std::string_view counter,
