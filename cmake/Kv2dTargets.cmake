@@ -17,6 +17,9 @@ function(kv2d_defaults target)
     # Wine's back traces show file and line up to DWARF 4.
     target_compile_options(${target} PRIVATE -gdwarf-4 -fstack-protector-strong)
     target_compile_definitions(${target} PRIVATE _GLIBCXX_ASSERTIONS)
+    # Sections that begin at a page of the file are mapped by Wine; others it reads whole with every start, the debug
+    # information too.
+    target_link_options(${target} PRIVATE -Wl,--file-alignment,4096)
     # The protector's functions, linked in so that no further library has to lie beside the programs.
     target_link_libraries(${target} PRIVATE -l:libssp.a)
   endif()
