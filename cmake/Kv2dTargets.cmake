@@ -14,8 +14,7 @@ function(kv2d_defaults target)
   if(WIN32)
     target_compile_definitions(${target} PRIVATE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN
                                                  _WIN32_WINNT=0x0A00 WINVER=0x0A00)
-    # Wine's back traces show file and line up to DWARF 4.
-    target_compile_options(${target} PRIVATE -gdwarf-4 -fstack-protector-strong)
+    target_compile_options(${target} PRIVATE -fstack-protector-strong)
     target_compile_definitions(${target} PRIVATE _GLIBCXX_ASSERTIONS)
     # Sections that begin at a page of the file are mapped by Wine; others it reads whole with every start, the debug
     # information too.
@@ -34,13 +33,38 @@ function(kv2d_defaults target)
   endif()
 endfunction()
 
-# kv2d_library(NAME SOURCES file... [LINKS target...] [INCLUDES dir...]): a static library. The folders of src
-# are included by folder and file name ("storage/ini_file.h").
+# kv2d_precompiled(NAME HEADERS header... [LINKS target...]): an object library that precompiles the headers, for
+# targets with the same settings to reuse: a third to two thirds of a file's compile time are these headers. The fuzz
+# preset compiles without, so that a file with a missing include is found.
+function(kv2d_precompiled name)
+  cmake_parse_arguments(arg "" "" "HEADERS;LINKS" ${ARGN})
+  set(source ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
+  file(CONFIGURE OUTPUT ${source} CONTENT "")
+  add_library(${name} OBJECT ${source})
+  kv2d_defaults(${name})
+  target_link_libraries(${name} PRIVATE ${arg_LINKS})
+  target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
+endfunction()
+
+# kv2d_reuse(TARGET PRECOMPILED): compiles the target with the headers that a kv2d_precompiled library has.
+function(kv2d_reuse target precompiled)
+  if(KV2D_PRECOMPILE)
+    target_precompile_headers(${target} REUSE_FROM ${precompiled})
+  endif()
+endfunction()
+
+# kv2d_library(NAME SOURCES file... [LINKS target...] [INCLUDES dir...] [WINDOWS]): a static library. The folders of src
+# are included by folder and file name ("storage/ini_file.h"). WINDOWS marks those that include the system's headers.
 function(kv2d_library name)
-  cmake_parse_arguments(arg "" "" "SOURCES;LINKS;INCLUDES" ${ARGN})
+  cmake_parse_arguments(arg "WINDOWS" "" "SOURCES;LINKS;INCLUDES" ${ARGN})
   add_library(${name} STATIC ${arg_SOURCES})
   kv2d_defaults(${name})
   set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+  if(arg_WINDOWS)
+    kv2d_reuse(${name} kv2d_windows_headers)
+  else()
+    kv2d_reuse(${name} kv2d_headers)
+  endif()
   target_include_directories(${name} PUBLIC ${arg_INCLUDES})
   target_link_libraries(${name} PUBLIC ${arg_LINKS})
 endfunction()
@@ -53,19 +77,6 @@ function(kv2d_test_code target)
   if(KV2D_SANITIZE AND NOT KV2D_FUZZ)
     target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fno-sanitize=undefined>)
   endif()
-endfunction()
-
-# kv2d_precompiled(NAME HEADERS header... [LINKS target...]): an object library that precompiles the headers, for
-# targets with the same settings to reuse: two thirds of a test file's compile time are these headers. The fuzz preset
-# compiles without, so that a file with a missing include is found.
-function(kv2d_precompiled name)
-  cmake_parse_arguments(arg "" "" "HEADERS;LINKS" ${ARGN})
-  set(source ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
-  file(CONFIGURE OUTPUT ${source} CONTENT "")
-  add_library(${name} OBJECT ${source})
-  kv2d_defaults(${name})
-  target_link_libraries(${name} PRIVATE ${arg_LINKS})
-  target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
 endfunction()
 
 # kv2d_test(NAME SOURCES file... [LINKS target...] [DESKTOP | SECOND_DESKTOP]): a GoogleTest program with the common
@@ -87,9 +98,7 @@ function(kv2d_test name)
   if(arg_DESKTOP)
     list(APPEND properties RESOURCE_LOCK desktop)
   endif()
-  if(KV2D_PRECOMPILE)
-    target_precompile_headers(${name} REUSE_FROM ${headers})
-  endif()
+  kv2d_reuse(${name} ${headers})
   if(arg_SECOND_DESKTOP AND NOT CMAKE_HOST_WIN32)
     set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR "${CMAKE_SOURCE_DIR}/cmake/on-second-desktop")
   endif()

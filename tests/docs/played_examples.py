@@ -14,8 +14,6 @@ import shutil
 import subprocess
 import sys
 
-# What an earlier session in this prefix left behind; ./run --script finds none of it.
-KEYS = ["HKCU\\Software\\Workbench", "HKCU\\Software\\KALVOR"]
 PROMPT = "Command: "
 
 
@@ -60,14 +58,12 @@ def agree(said, expected):
 def play(top, folder, script):
     (folder / "script.txt").write_text(script, encoding="utf-8")
     transcript = folder / "transcript.txt"
-    for key in KEYS:
-        subprocess.run(["/usr/lib/wine/wine64", "reg", "delete", key, "/f"], stdin=subprocess.DEVNULL,
-                       capture_output=True, check=False, timeout=60)
     subprocess.run([top / "demo/lay-out", os.environ["KV2D_SHARE"], os.environ["KV2D_BIN"]], check=True, timeout=60)
+    # Forgetting what an earlier session in this prefix left behind: ./run --script finds none of it.
     result = subprocess.run(
         [top / "demo/start", "/lisp", "P:\\Application\\Tessarc\\PID\\startup.lsp", "/script",
          z_path(folder / "script.txt"), "/transcript", z_path(transcript)],
-        stdin=subprocess.DEVNULL, check=False, timeout=240)
+        env=dict(os.environ, KV2D_FORGET="1"), stdin=subprocess.DEVNULL, check=False, timeout=240)
     return result.returncode, transcript.read_text(encoding="utf-8") if transcript.exists() else ""
 
 

@@ -38,11 +38,8 @@ class Player:
         """The exit status and the transcript of a day in which `plan` fails."""
         share = self.folder / "share"
         subprocess.run([TOP / "demo" / "lay-out", share, self.bin], check=True)
-        for key in (r"HKCU\Software\Workbench", r"HKCU\Software\KALVOR"):
-            subprocess.run(["/usr/lib/wine/wine64", "reg", "delete", key, "/f"], stdin=subprocess.DEVNULL,
-                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
         transcript = self.folder / (re.sub(r"\W+", "-", plan) + ".txt")
-        environment = dict(os.environ, KV2D_BIN=str(self.bin), KV2D_SHARE=str(share), KV2D_DATA="")
+        environment = dict(os.environ, KV2D_BIN=str(self.bin), KV2D_SHARE=str(share), KV2D_DATA="", KV2D_FORGET="1")
         with (self.folder / "output.txt").open("wb") as file:
             status = subprocess.run(
                 ["timeout", str(PATIENCE), TOP / "demo" / "start", "/lisp", r"P:\Application\Tessarc\PID\startup.lsp",

@@ -80,8 +80,7 @@ class Case:
         drive = self.prefix / "dosdevices" / "p:"
         drive.unlink(missing_ok=True)
         drive.symlink_to(self.share)
-        for key in USER_KEYS:
-            session_registry.delete_key(key)
+        session_registry.delete_keys(*USER_KEYS)
         # The module copies the controls from the share again: an earlier case may have left something else there.
         for control in (self.prefix / "drive_c" / "Program Files" / "Common Files" / "KALVOR").glob("*.ocx"):
             control.unlink()
@@ -162,7 +161,7 @@ class Case:
         self.add(key, session_registry.describe(key))
 
     def step_delete_key(self, key):
-        session_registry.delete_key(key)
+        session_registry.delete_keys(key)
 
     def step_delete_value(self, key, name):
         session_registry.delete_value(key, name)

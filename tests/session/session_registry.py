@@ -33,8 +33,8 @@ def value_name(name):
     return "@" if name == "" else quoted(name)
 
 
-def delete_key(key):
-    import_text(f"[-{key}]")
+def delete_keys(*keys):
+    import_text(*(f"[-{key}]" for key in keys))
 
 
 def delete_value(key, name):

@@ -132,15 +132,12 @@ def play(folder, script):
     share = folder / "share"
     bin_folder = pathlib.Path(os.environ["KV2D_BIN"]).resolve()
     subprocess.run([TOP / "demo" / "lay-out", share, bin_folder], check=True)
-    for key in (r"HKCU\Software\Workbench", r"HKCU\Software\KALVOR"):
-        subprocess.run(["/usr/lib/wine/wine64", "reg", "delete", key, "/f"], stdin=subprocess.DEVNULL,
-                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
     transcript = folder / "transcript.txt"
     with (folder / "output.txt").open("wb") as file:
         status = subprocess.run(
             ["timeout", str(PATIENCE), TOP / "demo" / "start", "/lisp", r"P:\Application\Tessarc\PID\startup.lsp",
              "/script", windows(script), "/transcript", windows(transcript)],
-            env=dict(os.environ, KV2D_BIN=str(bin_folder), KV2D_SHARE=str(share), KV2D_DATA=""),
+            env=dict(os.environ, KV2D_BIN=str(bin_folder), KV2D_SHARE=str(share), KV2D_DATA="", KV2D_FORGET="1"),
             stdin=subprocess.DEVNULL, stdout=file, stderr=file).returncode
     text = transcript.read_text(encoding="utf-8") if transcript.exists() else ""
     if status != 0:

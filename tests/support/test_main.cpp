@@ -2,21 +2,22 @@
 // case that hangs.
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <chrono>
+#include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
-#include <string>
+#include <mutex>
+#include <optional>
 #include <thread>
 
 #include "support/crash_report.h"
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::seconds;
-using SteadyTime = std::chrono::steady_clock::time_point;
 
-// CTest ends the program after 120 seconds; the watchdog comes first, since it can tell which case hangs.
+// CTest ends the program after 300 seconds; the watchdog comes first, since it can tell which case hangs.
 constexpr Seconds kLongestCase{100};
 constexpr std::chrono::milliseconds kPollInterval{200};
 constexpr int kHangStatus = 3;
@@ -33,22 +34,29 @@ class Watchdog : public testing::EmptyTestEventListener {
     Watchdog() : m_limit(GetLongestCase()), m_thread([this] { Watch(); }) {}
 
     ~Watchdog() override {
-        m_ends = true;
+        {
+            const std::lock_guard lock(m_mutex);
+            m_ends = true;
+        }
+        // At once: most of CTest's tests are a process of one case, which would wait for half an interval
+        // each.
+        m_ending.notify_one();
         m_thread.join();
     }
 
   private:
-    void OnTestStart(const testing::TestInfo&) override { m_start = Now(); }
-    void OnTestEnd(const testing::TestInfo&) override { m_start = 0; }
+    void OnTestStart(const testing::TestInfo&) override { SetStart(Clock::now()); }
+    void OnTestEnd(const testing::TestInfo&) override { SetStart(std::nullopt); }
 
-    static std::int64_t Now() { return std::chrono::steady_clock::now().time_since_epoch().count(); }
+    void SetStart(std::optional<Clock::time_point> start) {
+        const std::lock_guard lock(m_mutex);
+        m_start = start;
+    }
 
     void Watch() {
-        while (!m_ends) {
-            std::this_thread::sleep_for(kPollInterval);
-            const std::int64_t start = m_start;
-            const SteadyTime::duration taken(start == 0 ? 0 : Now() - start);
-            if (m_limit == Seconds(0) || taken < m_limit) continue;
+        std::unique_lock lock(m_mutex);
+        while (!m_ending.wait_for(lock, kPollInterval, [this] { return m_ends; })) {
+            if (m_limit == Seconds(0) || !m_start || Clock::now() - *m_start < m_limit) continue;
             std::fprintf(stderr, "The test case hangs: more than %d s. The program is ended.\n",
                          static_cast<int>(m_limit.count()));
             std::fflush(nullptr);
@@ -57,8 +65,10 @@ class Watchdog : public testing::EmptyTestEventListener {
     }
 
     const Seconds m_limit;
-    std::atomic<std::int64_t> m_start = 0;
-    std::atomic<bool> m_ends = false;
+    std::mutex m_mutex;
+    std::condition_variable m_ending;
+    std::optional<Clock::time_point> m_start;  // of the case that runs
+    bool m_ends = false;
     std::thread m_thread;
 };
 
