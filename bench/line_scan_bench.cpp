@@ -7,48 +7,23 @@
 #include <vector>
 
 #include "acdocman.h"
-#include "dbents.h"
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "document/drawing_queries.h"
 #include "unit/document/quiet_host.h"
+#include "unit/document/test_drawing.h"
 
 namespace {
 
 constexpr int kEntitiesPerTag = 10;
 
-AcDbObjectId AddBlock(AcDbDatabase& database, const wchar_t* name) {
-    AcDbObjectPointer<AcDbBlockTable> blocks(database.blockTableId(), AcDb::kForWrite);
-    AcDbObjectPointer<AcDbBlockTableRecord> block;
-    block.create();
-    block->setName(name);
-    AcDbObjectId id;
-    blocks->add(id, block);
-    return id;
-}
-
-void AddTag(AcDbBlockTableRecord& modelSpace, AcDbObjectId blockId, const std::wstring& line) {
-    AcDbObjectPointer<AcDbBlockReference> tag;
-    tag.create();
-    tag->setBlockTableRecord(blockId);
-    modelSpace.appendAcDbEntity(tag);
-    AcDbObjectPointer<AcDbAttribute> attribute;
-    attribute.create();
-    attribute->setTag(L"LIN_NUM");
-    attribute->setTextString(line.c_str());
-    tag->appendAttribute(attribute);
-}
-
 void Fill(AcDbDatabase& database, int64_t entities) {
-    const AcDbObjectId tagBlock = AddBlock(database, L"TAGLINE");
-    AcDbObjectPointer<AcDbBlockTableRecord> modelSpace(GetModelSpaceId(&database), AcDb::kForWrite);
+    TestDrawing drawing(database);
     for (int64_t i = 0; i < entities; ++i) {
         if (i % kEntitiesPerTag == 0) {
-            AddTag(*modelSpace, tagBlock, L"P-" + std::to_wstring(i));
+            drawing.AddReference(L"TAGLINE", {{L"LIN_NUM", L"P-" + std::to_wstring(i)}});
         } else {
-            AcDbObjectPointer<AcDbLine> line;
-            line.create();
-            modelSpace->appendAcDbEntity(line);
+            drawing.AddLine();
         }
     }
 }

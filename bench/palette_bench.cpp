@@ -27,6 +27,7 @@
 #include "palette/project_lines.h"
 #include "sizes/size_table.h"
 #include "storage/applications.h"
+#include "unit/document/test_drawing.h"
 #include "unit/document/xdata_items.h"
 #include "windows/linked_palette.h"
 
@@ -86,43 +87,21 @@ void PutDatabase(TestSystem& system, const Size& size, bool localLines) {
                    Rows("Imperial US Sizes", " ", 30, "Size-"));
 }
 
-AcDbObjectId AddBlock(AcDbDatabase& database, const wchar_t* name) {
-    AcDbObjectPointer<AcDbBlockTable> blocks(database.blockTableId(), AcDb::kForWrite);
-    AcDbObjectPointer<AcDbBlockTableRecord> block;
-    block.create();
-    block->setName(name);
-    AcDbObjectId id;
-    blocks->add(id, block);
-    return id;
-}
-
 // Of ten entities five are elements with their record, one is a tag with its number, four are lines.
 void FillDrawing(AcDbDatabase& database, const Size& size) {
     acdbRegApp(kDocXDataAppName);
-    const AcDbObjectId valve = AddBlock(database, L"VAL_BLK");
-    const AcDbObjectId tag = AddBlock(database, L"TAGLINE");
-    AcDbObjectPointer<AcDbBlockTableRecord> modelSpace(GetModelSpaceId(&database), AcDb::kForWrite);
+    TestDrawing drawing(database);
     for (int i = 0; i < size.entities; ++i) {
         if (i % 10 > 5) {
-            AcDbObjectPointer<AcDbLine> line;
-            line.create();
-            modelSpace->appendAcDbEntity(line);
-            continue;
-        }
-        AcDbObjectPointer<AcDbBlockReference> reference;
-        reference.create();
-        reference->setBlockTableRecord(i % 10 == 5 ? tag : valve);
-        modelSpace->appendAcDbEntity(reference);
-        if (i % 10 == 5) {
-            AcDbObjectPointer<AcDbAttribute> attribute;
-            attribute.create();
-            attribute->setTag(L"LIN_NUM");
-            attribute->setTextString((L"Line-" + std::to_wstring(100001 + i % size.lines)).c_str());
-            reference->appendAttribute(attribute);
+            drawing.AddLine();
+        } else if (i % 10 == 5) {
+            drawing.AddReference(L"TAGLINE",
+                                 {{L"LIN_NUM", L"Line-" + std::to_wstring(100001 + i % size.lines)}});
         } else {
+            AcDbObjectPointer<AcDbBlockReference> valve(drawing.AddReference(L"VAL_BLK"), AcDb::kForWrite);
             XDataItems items;
             items.App().Long(i).Short(0).Short(0).Text(L"VALVE").Long(0).Long(1 + i % size.lines);
-            reference->setXData(items.Get());
+            valve->setXData(items.Get());
         }
     }
 }

@@ -2,12 +2,13 @@
 
 #include <algorithm>
 
+#include "palette/palette_rows.h"
+
 namespace {
 
 constexpr int kMargin = 5;
 constexpr int kFarMargin = 10;  // from the right and from the bottom edge
 constexpr int kGap = 5;
-constexpr int kLargeMenuSize = 32;
 constexpr int kSmallMenuSize = 16;
 constexpr int kDrawingManagerHeight = 26;
 constexpr int kShortTextWidth = 70;

@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr int kLargeMenuSize = 32;
-
 constexpr CPaletteRow kMenuRow{PaletteRow::kMenu, L"Menu"};
 constexpr CPaletteRow kSpecRow{PaletteRow::kSpec, L"Spec"};
 constexpr CPaletteRow kPipeSizeRow{PaletteRow::kMainSize, L"Pipe Size"};

@@ -5,6 +5,8 @@
 #include <vector>
 
 inline constexpr int kNoNewLineRow = -1;
+// The "MenuSize" of large icons.
+inline constexpr int kLargeMenuSize = 32;
 // The piping standard whose sizes are offered.
 inline constexpr wchar_t kSizeStandard[] = L"ANSI";
 

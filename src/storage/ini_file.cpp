@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr wchar_t kUsualSeparator[] = L" = ";
-constexpr size_t kSeparatorLength = 3;  // counts whatever the separator is
 constexpr size_t kLongestText = 0x1FFFFFFF;
 
 // The section has not been looked up since it or the rows changed.

@@ -8,16 +8,8 @@
 namespace {
 
 constexpr char kSeparator[] = " = ";
-constexpr size_t kSeparatorLength = 3;
 constexpr size_t kSampleRows = 64;
 constexpr size_t kLongestLine = std::numeric_limits<std::uint32_t>::max() / sizeof(wchar_t);
-
-bool IsAscii(std::string_view bytes) {
-    unsigned char uAll = 0;
-    for (const char ch : bytes)
-        uAll |= static_cast<unsigned char>(ch);
-    return uAll < 0x80;
-}
 
 size_t FindSeparator(std::string_view line) {
     const char* pEnd = line.data() + line.size();

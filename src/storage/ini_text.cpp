@@ -2,13 +2,12 @@
 
 #include <algorithm>
 
-namespace {
-
 bool IsAscii(std::string_view bytes) {
-    return std::all_of(bytes.begin(), bytes.end(), [](char ch) { return static_cast<signed char>(ch) >= 0; });
+    unsigned char uAll = 0;
+    for (const char ch : bytes)
+        uAll |= static_cast<unsigned char>(ch);
+    return uAll < 0x80;
 }
-
-}  // namespace
 
 void WidenText(const CIniText& text, std::wstring& strResult) {
     if (text.m_bWide) {

@@ -24,6 +24,12 @@ struct CIniText {
     }
 };
 
+// What a line has between its key and its value. Its length counts whatever the separator is.
+inline constexpr wchar_t kUsualSeparator[] = L" = ";
+inline constexpr size_t kSeparatorLength = 3;
+
+bool IsAscii(std::string_view bytes);
+
 // The wide form of a kept text.
 void WidenText(const CIniText& text, std::wstring& strResult);
 std::wstring WidenText(const CIniText& text);

@@ -7,7 +7,6 @@
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
-constexpr wchar_t kUsualSeparator[] = L" = ";
 
 std::string WithDiskLineEnds(std::string_view bytes) {
     std::string strResult;

@@ -14,8 +14,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-constexpr UINT kAnswerMessage = WM_USER + 7;
-
 // --- failures
 
 class ThrowingWnd : public TestFrame {

@@ -12,8 +12,6 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr UINT kAnswerMessage = WM_USER + 7;
-
 class RecordingWnd : public TestFrame {
   public:
     std::vector<std::wstring> m_astrLog;

@@ -20,6 +20,9 @@
 #include <afxcmn.h>
 #include <afxwin.h>
 
+// A message for a window to answer.
+inline constexpr UINT kAnswerMessage = WM_USER + 7;
+
 // A visible top-level window of a fixed size.
 class TestFrame : public CWnd {
   public:

@@ -15,6 +15,8 @@
 
 namespace control_test {
 
+inline constexpr COLORREF kRed = RGB(255, 0, 0);
+
 // While it lives, the class is made by the library `file` that lies beside the test program.
 class ServedClass {
   public:

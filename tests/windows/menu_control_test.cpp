@@ -9,6 +9,7 @@
 
 namespace {
 
+using control_test::kRed;
 using control_test::PaintedPicture;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -18,8 +19,7 @@ constexpr DISPID kIconSizeId = 1;
 constexpr DISPID kLoadId = 4;
 constexpr DISPID kItemKindId = 10;
 constexpr DISPID kToggleId = 11;
-constexpr COLORREF kRed = RGB(255, 0, 0);
-const CRect kPlace(10, 10, 250, 450);
+const CRect kMenuPlace(10, 10, 250, 450);
 
 const std::string kMenu =
     "TabbedMenu\t1\r\n"
@@ -114,8 +114,8 @@ class MenuControlTest : public SystemTest {
         PutFile(InRoot(L"Icons\\red.ico"), RedIcon());
         PutFile(InRoot(L"menu.tbm"), kMenu);
     }
-    void Make(const CRect& place = kPlace) { ASSERT_TRUE(m_window.Make(controls::kMenuClassId, place)); }
-    void MakeLoaded(const CRect& place = kPlace) {
+    void Make(const CRect& place = kMenuPlace) { ASSERT_TRUE(m_window.Make(controls::kMenuClassId, place)); }
+    void MakeLoaded(const CRect& place = kMenuPlace) {
         Make(place);
         ASSERT_TRUE(Load(L"menu.tbm"));
     }
@@ -212,7 +212,7 @@ TEST_F(MenuControlTest, ClickOnATab_ShowsItsItems) {
     MakeLoaded();
     const std::vector<std::wstring> first = ToolTexts();
     EXPECT_THAT(first, ElementsAre(L"Gate valve", L"Ball valve", L"Tag by itself"));
-    for (int x = 2; x < kPlace.Width() && ToolTexts() == first; x += 4)
+    for (int x = 2; x < kMenuPlace.Width() && ToolTexts() == first; x += 4)
         Click({x, 8});
     EXPECT_THAT(ToolTexts(), ElementsAre(L"A pump", L"The last"));
     ClickItem(0);

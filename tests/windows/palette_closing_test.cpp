@@ -18,6 +18,12 @@ namespace {
 
 enum class Turn { kBeforeModule, kBehindModule };
 
+// What a new drawing goes through on its way in.
+constexpr const wchar_t* kArrivalEvents[] = {L"created", L"toBeActivated", L"becameCurrent", L"activated"};
+// What the palette sets off when it stores and shows an isoplane, as far as the drawing can be closed in it.
+constexpr const wchar_t* kIsoplaneEvents[] = {L"lockWillChange", L"unlockChanged", L"sysVarWillChange",
+                                              L"sysVarChanged"};
+
 // Closes a document in the first event of a name: the one that the event tells of, else the current one.
 class Closer : public AcApDocManagerReactor {
   public:
@@ -92,12 +98,11 @@ class Closer : public AcApDocManagerReactor {
 // Two drawings of isometrics, of different standards and with different choices; the second is current.
 class PaletteClosing : public PaletteTest, public testing::WithParamInterface<Turn> {
   protected:
-    ~PaletteClosing() override {
-        m_closer.reset();
-        End();
-    }
+    ~PaletteClosing() override { EndWithCloser(); }
 
+    // A new session with them; one that runs is ended.
     void StartWithTwoDrawings(int app = kAppIsometric) {
+        EndWithCloser();
         UseUsualDatabase();
         m_database.WithEnabledSpec(6, "KV2D_SPEC_3").WithLine(6, 21, "T-21").WithLine(6, 22, "T-22");
         StartWithCloser();
@@ -112,6 +117,10 @@ class PaletteClosing : public PaletteTest, public testing::WithParamInterface<Tu
         if (GetParam() == Turn::kBeforeModule) m_closer = std::make_unique<Closer>();
         LoadModule();
         if (GetParam() == Turn::kBehindModule) m_closer = std::make_unique<Closer>();
+    }
+    void EndWithCloser() {
+        m_closer.reset();
+        End();
     }
 
     struct Choices {
@@ -249,14 +258,12 @@ TEST_P(PaletteClosing, OtherDrawingThatIsClosedAsOneBecomesCurrent_IsNotMissed) 
 // --- Opening and closing.
 
 TEST_P(PaletteClosing, NewDrawingThatIsClosedOnItsWayIn_LeavesTheOneBefore) {
-    for (const wchar_t* event : {L"created", L"toBeActivated", L"becameCurrent", L"activated"}) {
+    for (const wchar_t* event : kArrivalEvents) {
         StartWithTwoDrawings();
         m_closer->CloseIn(event);
         acDocManager->appContextNewDocument(nullptr);
         EXPECT_EQ(m_closer->Result(), Acad::eOk);
         ExpectSecond();
-        m_closer.reset();
-        End();
     }
 }
 
@@ -277,8 +284,6 @@ TEST_P(PaletteClosing, WhileADrawingGoes_AnotherStays) {
         EXPECT_EQ(acDocManager->appContextCloseDocument(m_second), Acad::eOk);
         EXPECT_EQ(m_closer->Result(), Acad::eInvalidContext);
         ExpectFirst();
-        m_closer.reset();
-        End();
     }
 }
 
@@ -295,7 +300,7 @@ TEST_P(PaletteClosing, DrawingThatIsClosedAsItGetsItsName_IsSaved) {
 }
 
 TEST_P(PaletteClosing, LastDrawingThatIsClosedOnItsWayIn_DisablesThePaletteAndBringsTheDrawingManager) {
-    for (const wchar_t* event : {L"created", L"toBeActivated", L"becameCurrent", L"activated"}) {
+    for (const wchar_t* event : kArrivalEvents) {
         StartWithTwoDrawings();
         CloseAllDrawings();
         windows::PumpWaiting();  // the first request for the Drawing Manager finds nothing to make room for
@@ -310,8 +315,6 @@ TEST_P(PaletteClosing, LastDrawingThatIsClosedOnItsWayIn_DisablesThePaletteAndBr
         }
         NewDrawing(5);
         EXPECT_TRUE(Palette().Enabled(IDC_PALETTE_COMBO_1));
-        m_closer.reset();
-        End();
     }
 }
 
@@ -332,8 +335,6 @@ TEST_P(PaletteClosing, DrawingThatIsLockedForAChoice_CannotBeClosed) {
         ChooseIndex(kMainSizeRow, 11);
         EXPECT_EQ(m_closer->Result(), Acad::eLockConflict);
         ExpectSecond(11);
-        m_closer.reset();
-        End();
     }
 }
 
@@ -354,15 +355,12 @@ TEST_P(PaletteClosing, DrawingThatIsClosedAsTheSizesAreSwapped_LeavesTheOthersSi
 }
 
 TEST_P(PaletteClosing, DrawingThatIsClosedAsItsIsoplaneIsClicked_LeavesTheOthersIsoplane) {
-    for (const wchar_t* event :
-         {L"lockWillChange", L"unlockChanged", L"sysVarWillChange", L"sysVarChanged"}) {
+    for (const wchar_t* event : kIsoplaneEvents) {
         StartWithTwoDrawings();
         m_closer->CloseIn(event);
         ClickIsoplane();
         EXPECT_EQ(m_closer->Result(), Acad::eOk);
         ExpectFirst();
-        m_closer.reset();
-        End();
     }
 }
 
@@ -381,14 +379,11 @@ TEST_P(PaletteClosing, DrawingThatIsClosedAsItsStoredIsoplaneIsSet_LeavesTheOthe
         ExpectSecond();
         Activate(m_first);
         ExpectFirst();
-        m_closer.reset();
-        End();
     }
 }
 
 TEST_P(PaletteClosing, DrawingThatIsClosedAsItsPathTiesItToAStandard_TiesNoOther) {
-    for (const wchar_t* event :
-         {L"lockWillChange", L"unlockChanged", L"sysVarWillChange", L"sysVarChanged"}) {
+    for (const wchar_t* event : kIsoplaneEvents) {
         StartWithTwoDrawings();
         const std::wstring path = InRoot(L"KV2D_PRJ_5\\a.dwg");
         PutDrawing(path, [this](AcDbDatabase&) { Store([](CKV2D_DocXData& data) { data.m_isoPlane = 2; }); });
@@ -396,22 +391,17 @@ TEST_P(PaletteClosing, DrawingThatIsClosedAsItsPathTiesItToAStandard_TiesNoOther
         EXPECT_EQ(acDocManager->appContextOpenDocument(path.c_str()), Acad::eOk);
         EXPECT_EQ(m_closer->Result(), Acad::eOk);
         ExpectSecond();
-        m_closer.reset();
-        End();
     }
 }
 
 TEST_P(PaletteClosing, LastDrawingThatIsClosedAsItsIsoplaneIsClicked_DisablesThePalette) {
-    for (const wchar_t* event :
-         {L"lockWillChange", L"unlockChanged", L"sysVarWillChange", L"sysVarChanged"}) {
+    for (const wchar_t* event : kIsoplaneEvents) {
         StartWithTwoDrawings();
         CloseAllBut(m_second);
         m_closer->CloseIn(event);
         ClickIsoplane();
         EXPECT_EQ(m_closer->Result(), Acad::eOk);
         ExpectNoDrawing();
-        m_closer.reset();
-        End();
     }
 }
 
@@ -439,8 +429,6 @@ TEST_P(PaletteClosing, DrawingThatIsClosedAroundInput_MakesRoomForAnother) {
         Enter(input);
         EXPECT_EQ(m_closer->Result(), Acad::eOk) << std::string(event, event + wcslen(event));
         ExpectFirst();
-        m_closer.reset();
-        End();
     }
 }
 
@@ -465,7 +453,5 @@ TEST_P(PaletteClosing, DrawingOfACommandThatRuns_CannotBeClosed) {
         Enter(input);
         EXPECT_EQ(m_closer->Result(), Acad::eInvalidContext) << std::string(event, event + wcslen(event));
         ExpectSecond();
-        m_closer.reset();
-        End();
     }
 }

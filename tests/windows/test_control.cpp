@@ -17,7 +17,8 @@ namespace {
 
 constexpr IID kEvents = {0x6B0D0F3B, 0x9C11, 0x4E57, {0x93, 0x1E, 0x2A, 0x77, 0x14, 0x5C, 0x60, 0x01}};
 
-class Control* g_control = nullptr;
+class Control;
+Control* g_control = nullptr;
 Record g_seen;
 
 class Control : public IOleObject,

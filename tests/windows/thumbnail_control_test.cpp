@@ -7,14 +7,14 @@
 
 namespace {
 
+using control_test::kRed;
 using control_test::PaintedPicture;
 
 constexpr DISPID kFileId = 0;
 constexpr DISPID kOptionId = 1;
 constexpr COLORREF kBack = RGB(192, 192, 192);
-constexpr COLORREF kRed = RGB(255, 0, 0);
 constexpr COLORREF kGreen = RGB(0, 255, 0);
-const CRect kPlace(10, 10, 214, 214);
+const CRect kThumbnailPlace(10, 10, 214, 214);
 
 std::string Number(std::uint64_t value, int bytes) {
     std::string text;
@@ -77,7 +77,7 @@ class ThumbnailControlTest : public SystemTest {
     void SetUp() override {
         // The system finds its readers of PNG among the real classes.
         RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
-        ASSERT_TRUE(m_window.Make(controls::kThumbnailClassId, kPlace));
+        ASSERT_TRUE(m_window.Make(controls::kThumbnailClassId, kThumbnailPlace));
         Control().SetProperty(DISPID_BACKCOLOR, VT_UI4, kBack);
     }
     CWnd& Control() { return m_window.m_control; }
@@ -238,7 +238,7 @@ TEST_F(ThumbnailControlTest, AnotherSize_DrawsAnew) {
     EXPECT_LT(small.Width(), 110);
     EXPECT_GT(small.Count(kRed), 100u);
     Control().MoveWindow(CRect(10, 10, 10, 10));
-    Control().MoveWindow(kPlace);
+    Control().MoveWindow(kThumbnailPlace);
     EXPECT_EQ(PaintedPicture(Control()).At(100, 20), kRed);
 }
 

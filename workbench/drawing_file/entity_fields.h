@@ -152,7 +152,7 @@ struct FieldsOf<database::HeavyPolylineData> {
         fields.Derived(66, 1);
         fields.Elevation(polyline.elevation);
         fields.Real(39, polyline.thickness, 0.0);
-        fields.Short(70, polyline.flags, std::int16_t{0});
+        fields.KindInPlace(70, polyline.flags);
         fields.Real(40, polyline.startWidth, 0.0);
         fields.Real(41, polyline.endWidth, 0.0);
         fields.Vector(210, polyline.normal, kUpwards);
@@ -179,7 +179,7 @@ struct FieldsOf<database::VertexData> {
         fields.Real(40, vertex.startWidth, 0.0);
         fields.Real(41, vertex.endWidth, 0.0);
         fields.Real(42, vertex.bulge, 0.0);
-        fields.Short(70, vertex.flags, std::int16_t{0});
+        fields.KindInPlace(70, vertex.flags);
     }
 };
 

@@ -45,8 +45,9 @@ class FieldReader {
     // What follows from other members is read over.
     void Derived(int code, std::int64_t value);
     void AttributesFollow(const database::BlockReferenceData&) { m_body.Take(66); }
-    // Flags that tell the subclass, looked at ahead of it.
+    // Flags that tell the subclass: looked at ahead of it, and read over in their own place.
     void Kind(int code, std::int16_t& flags);
+    void KindInPlace(int code, std::int16_t) { m_body.Take(code); }
     // The name of a table's record, which the builder has set, and its flags.
     void RecordName(database::RecordData& record);
     // Names that the record repeats.

@@ -52,6 +52,7 @@ class FieldWriter {
 
     void AttributesFollow(const database::BlockReferenceData& reference);
     void Kind(int, std::int16_t) {}
+    void KindInPlace(int code, std::int16_t flags) { Short(code, flags, std::int16_t{0}); }
     void RecordName(const database::RecordData& record);
     void RepeatedName(int code, const database::RecordData& record) { m_groups.Text(code, record.name); }
 

@@ -9,13 +9,13 @@ namespace workbench::lisp {
 namespace {
 
 // Deeper evaluation than this would come near the end of the program's stack.
-constexpr int kDeepest = 800;
+constexpr int kDeepestEvaluated = 800;
 constexpr int kEvaluationsBetweenChecks = 1000;
 
 class DepthGuard {
   public:
     explicit DepthGuard(int& depth) : m_depth(depth) {
-        if (depth >= kDeepest) {
+        if (depth >= kDeepestEvaluated) {
             throw Error{L"stack limit reached"};
         }
         ++m_depth;

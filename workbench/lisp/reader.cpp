@@ -12,7 +12,7 @@
 namespace workbench::lisp {
 namespace {
 
-constexpr int kDeepest = 1000;
+constexpr int kDeepestRead = 1000;
 constexpr std::size_t kMostDigits = 300;
 
 bool EndsAtom(wchar_t letter) {
@@ -83,7 +83,7 @@ bool Reader::Read(Value& value) {
 }
 
 Value Reader::ReadExpression(int depth) {
-    if (depth > kDeepest) {
+    if (depth > kDeepestRead) {
         throw Error{L"too deeply nested on input"};
     }
     switch (Peek()) {

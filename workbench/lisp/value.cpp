@@ -12,7 +12,7 @@ namespace workbench::lisp {
 namespace {
 
 // Nested deeper than this, lists print as dots and count as different.
-constexpr int kDeepest = 200;
+constexpr int kDeepestShown = 200;
 
 std::wstring QuotedText(const std::wstring& text) {
     std::wstring quoted = L"\"";
@@ -32,7 +32,7 @@ std::wstring QuotedText(const std::wstring& text) {
 std::wstring TextAt(const Value& value, bool quoted, int depth);
 
 std::wstring ListText(const Cons& first, bool quoted, int depth) {
-    if (depth > kDeepest) {
+    if (depth > kDeepestShown) {
         return L"...";
     }
     std::wstring text = L"(" + TextAt(first.car, quoted, depth + 1);
@@ -82,7 +82,7 @@ bool IsEqualAt(const Value& left, const Value& right, double fuzz, int depth) {
         if (a.AsCons() == b.AsCons()) {
             return true;
         }
-        if (depth > kDeepest || !IsEqualAt(a.AsCons()->car, b.AsCons()->car, fuzz, depth + 1)) {
+        if (depth > kDeepestShown || !IsEqualAt(a.AsCons()->car, b.AsCons()->car, fuzz, depth + 1)) {
             return false;
         }
         a = Value(a.AsCons()->cdr);

@@ -13,24 +13,6 @@ using Fields = XDataFields;
 
 constexpr Tag kTag = {'T', 'A', 'G', '-', '1', '2', '3', '4'};
 
-// The items of a full record, in the places 1 to 13.
-enum Place {
-    kAppName = 1,
-    kSpec,
-    kMain,
-    kBranch,
-    kIso,
-    kLine,
-    kElectric,
-    kProject,
-    kExtraLong,
-    kShort1,
-    kShort2,
-    kText,
-    kApp
-};
-constexpr int kPlaces = 13;
-
 XDataItems FullList() {
     XDataItems items;
     items.App().Long(101).Short(3).Short(4).Short(5).Long(106).Short(7).Long(108).Long(109);
@@ -40,27 +22,27 @@ XDataItems FullList() {
 
 constexpr Fields kFull = {101, 3, 4, 5, 106, 7, 108, 109, 110, 111, kTag, 2};
 
-// What a list reads as that ends behind the place.
-Fields FirstPlaces(int count) {
+// What a list reads as that ends ahead of the place.
+Fields Before(int place) {
     Fields fields;
-    if (count >= kSpec) fields.spec = kFull.spec;
-    if (count >= kMain) fields.mainSize = kFull.mainSize;
-    if (count >= kBranch) fields.branchSize = kFull.branchSize;
-    if (count >= kIso) fields.isoPlane = kFull.isoPlane;
-    if (count >= kLine) fields.line = kFull.line;
-    if (count >= kElectric) fields.electricMode = kFull.electricMode;
-    if (count >= kProject) fields.project = kFull.project;
-    if (count >= kExtraLong) fields.extraLong = kFull.extraLong;
-    if (count >= kShort1) fields.extraShort1 = kFull.extraShort1;
-    if (count >= kShort2) fields.extraShort2 = kFull.extraShort2;
-    if (count >= kText) fields.tag = kFull.tag;
-    if (count >= kApp) fields.app = kFull.app;
+    if (place > kSpec) fields.spec = kFull.spec;
+    if (place > kMain) fields.mainSize = kFull.mainSize;
+    if (place > kBranch) fields.branchSize = kFull.branchSize;
+    if (place > kIso) fields.isoPlane = kFull.isoPlane;
+    if (place > kLine) fields.line = kFull.line;
+    if (place > kElectric) fields.electricMode = kFull.electricMode;
+    if (place > kProject) fields.project = kFull.project;
+    if (place > kExtraLong) fields.extraLong = kFull.extraLong;
+    if (place > kShort1) fields.extraShort1 = kFull.extraShort1;
+    if (place > kShort2) fields.extraShort2 = kFull.extraShort2;
+    if (place > kTagText) fields.tag = kFull.tag;
+    if (place > kApp) fields.app = kFull.app;
     return fields;
 }
 
-XDataItems Without(Place place) {
+XDataItems Without(XDataPlace place) {
     XDataItems items = FullList();
-    items.Drop(place - 1);
+    items.Drop(place);
     return items;
 }
 
@@ -73,10 +55,10 @@ TEST(DocXDataItems, NullList_KeepsTheDefaults) {
 }
 
 TEST(DocXDataItems, EveryPrefixOfAList_ReadsAsFarAsItGoes) {
-    for (int count = 0; count <= kPlaces; ++count) {
+    for (int count = 0; count <= kXDataPlaces; ++count) {
         XDataItems items = FullList();
         items.Cut(count);
-        EXPECT_EQ(ReadFields(items), FirstPlaces(count)) << count << " items";
+        EXPECT_EQ(ReadFields(items), Before(count)) << count << " items";
     }
 }
 
@@ -122,7 +104,7 @@ TEST(DocXDataItems, WithoutIsoplane_KeepsItsDefaultAndReadsTheRest) {
 TEST(DocXDataItems, WithoutAllThreeShorts_KeepsTheirDefaultsAndReadsTheRest) {
     XDataItems items = FullList();
     for (int i = 0; i < 3; ++i)
-        items.Drop(kMain - 1);
+        items.Drop(kMain);
     Fields expected = kFull;
     expected.mainSize = 12;
     expected.branchSize = 10;
@@ -143,14 +125,14 @@ TEST(DocXDataItems, WithoutElectricMode_KeepsItsDefaultAndReadsTheRest) {
 }
 
 TEST(DocXDataItems, WithoutProject_TheExtraLongIsTakenForItAndTheExtrasAreNotReached) {
-    Fields expected = FirstPlaces(kElectric);
+    Fields expected = Before(kProject);
     expected.project = 109;
     expected.app = 110;
     EXPECT_EQ(ReadFields(Without(kProject)), expected);
 }
 
 TEST(DocXDataItems, WithoutExtraLong_GoesStraightToTheDiscipline) {
-    Fields expected = FirstPlaces(kProject);
+    Fields expected = Before(kExtraLong);
     expected.app = 110;
     EXPECT_EQ(ReadFields(Without(kExtraLong)), expected);
 }
@@ -158,42 +140,42 @@ TEST(DocXDataItems, WithoutExtraLong_GoesStraightToTheDiscipline) {
 TEST(DocXDataItems, WithoutAnyExtra_ReadsTheDisciplineBehindTheProject) {
     XDataItems items = FullList();
     for (int i = 0; i < 4; ++i)
-        items.Drop(kExtraLong - 1);
-    Fields expected = FirstPlaces(kProject);
+        items.Drop(kExtraLong);
+    Fields expected = Before(kExtraLong);
     expected.app = 2;
     EXPECT_EQ(ReadFields(items), expected);
 }
 
 TEST(DocXDataItems, WithoutFirstExtraShort_TheNextThreeItemsAreTakenAsTheyCome) {
-    Fields expected = FirstPlaces(kExtraLong);
+    Fields expected = Before(kShort1);
     expected.extraShort1 = 111;
     EXPECT_EQ(ReadFields(Without(kShort1)), expected) << "the text gives no number, the discipline no text";
 }
 
 TEST(DocXDataItems, WithoutSecondExtraShort_TheNextThreeItemsAreTakenAsTheyCome) {
-    Fields expected = FirstPlaces(kShort1);
+    Fields expected = Before(kShort2);
     EXPECT_EQ(ReadFields(Without(kShort2)), expected);
 }
 
 TEST(DocXDataItems, WithoutTag_TheDisciplineIsTakenForIt) {
-    Fields expected = FirstPlaces(kShort2);
-    EXPECT_EQ(ReadFields(Without(kText)), expected);
+    Fields expected = Before(kTagText);
+    EXPECT_EQ(ReadFields(Without(kTagText)), expected);
 }
 
 TEST(DocXDataItems, WithoutDiscipline_KeepsItsDefault) {
-    EXPECT_EQ(ReadFields(Without(kApp)), FirstPlaces(kText));
+    EXPECT_EQ(ReadFields(Without(kApp)), Before(kApp));
 }
 
 // --- Wrong codes.
 
 TEST(DocXDataItems, ForeignCode_EndsTheReadingWhereItStands) {
     for (int place = kAppName; place <= kApp; ++place) {
-        if (place >= kShort1 && place <= kText) continue;  // these are taken whatever they are
+        if (place >= kShort1 && place <= kTagText) continue;  // these are taken whatever they are
         for (short code :
              {short{1040}, short{1004}, short{1010}, short{1002}, short{1005}, short{0}, short{-4}}) {
             XDataItems items = FullList();
-            items.At(place - 1).restype = code;
-            EXPECT_EQ(ReadFields(items), FirstPlaces(place - 1)) << "code " << code << " in place " << place;
+            items.At(place).restype = code;
+            EXPECT_EQ(ReadFields(items), Before(place)) << "code " << code << " in place " << place;
         }
     }
 }
@@ -232,7 +214,7 @@ TEST(DocXDataItems, SecondAppName_EndsTheReading) {
 
 TEST(DocXDataItems, LongsInPlaceOfTheExtraShorts_GiveTheirLowHalves) {
     XDataItems items = FullList();
-    items.Cut(kExtraLong);
+    items.Cut(kShort1);
     items.Long(0x12340005).Long(0x1234FFFE).Text(L"TAG-1234").Short(2);
     Fields expected = kFull;
     expected.extraShort1 = 5;
@@ -242,7 +224,7 @@ TEST(DocXDataItems, LongsInPlaceOfTheExtraShorts_GiveTheirLowHalves) {
 
 TEST(DocXDataItems, TextsInPlaceOfTheExtraShorts_GiveNoNumber) {
     XDataItems items = FullList();
-    items.Cut(kExtraLong);
+    items.Cut(kShort1);
     items.Text(L"{", 1002).Text(L"13", 1003).Text(L"TAG-1234").Short(2);
     Fields expected = kFull;
     expected.extraShort1 = 0;
@@ -252,7 +234,7 @@ TEST(DocXDataItems, TextsInPlaceOfTheExtraShorts_GiveNoNumber) {
 
 TEST(DocXDataItems, NumberInPlaceOfTheTag_GivesZeros) {
     XDataItems items = FullList();
-    items.Cut(kShort2);
+    items.Cut(kTagText);
     items.Long(0x41414141).Short(2);
     Fields expected = kFull;
     expected.tag = Tag{};
@@ -271,7 +253,7 @@ TEST(DocXDataItems, NegativeShorts_KeepTheirSign) {
 
 Tag ReadTag(const std::wstring& text) {
     XDataItems items = FullList();
-    items.Cut(kShort2);
+    items.Cut(kTagText);
     items.Text(text);
     return ReadFields(items).tag;
 }
@@ -292,7 +274,7 @@ TEST(DocXDataItems, WideCharactersOfTheTag_GiveTheirLowBytes) {
 
 TEST(DocXDataItems, NullTag_GivesZeros) {
     XDataItems items = FullList();
-    items.Cut(kShort2);
+    items.Cut(kTagText);
     items.NullText().Short(2);
     Fields expected = kFull;
     expected.tag = Tag{};

@@ -20,34 +20,19 @@ struct Step {
     char kind;                       // '.' for any
     bool isBoundToPrevious = false;  // looked for only if the step before found its item
 };
-enum {
-    kName,
-    kSpec,
-    kMain,
-    kBranch,
-    kIso,
-    kLine,
-    kElectric,
-    kProject,
-    kExtraLong,
-    kShort1,
-    kShort2,
-    kTag,
-    kApp
-};
-constexpr std::array<Step, 13> kOrder = {{{'A'},
-                                          {'L'},
-                                          {'S'},
-                                          {'S', true},
-                                          {'S', true},
-                                          {'L'},
-                                          {'S'},
-                                          {'L'},
-                                          {'L', true},
-                                          {'.', true},
-                                          {'.', true},
-                                          {'.', true},
-                                          {'S'}}};
+constexpr std::array<Step, kXDataPlaces> kOrder = {{{'A'},
+                                                    {'L'},
+                                                    {'S'},
+                                                    {'S', true},
+                                                    {'S', true},
+                                                    {'L'},
+                                                    {'S'},
+                                                    {'L'},
+                                                    {'L', true},
+                                                    {'.', true},
+                                                    {'.', true},
+                                                    {'.', true},
+                                                    {'S'}}};
 
 using Places = std::array<std::optional<std::size_t>, kOrder.size()>;
 
@@ -127,7 +112,7 @@ XDataFields FieldsByTable(const std::string& shape) {
     take(kExtraLong, fields.extraLong, LongAt);
     if (const auto place = places[kShort1]) fields.extraShort1 = AnyAsShort(shape[*place], *place);
     if (const auto place = places[kShort2]) fields.extraShort2 = AnyAsShort(shape[*place], *place);
-    if (const auto place = places[kTag]) fields.tag = AnyAsTag(shape[*place], *place);
+    if (const auto place = places[kTagText]) fields.tag = AnyAsTag(shape[*place], *place);
     take(kApp, fields.app, ShortAt);
     return fields;
 }

@@ -6,6 +6,24 @@
 
 #include "adsdef.h"
 
+// The items of a full record, by their places in it.
+enum XDataPlace {
+    kAppName,
+    kSpec,
+    kMain,
+    kBranch,
+    kIso,
+    kLine,
+    kElectric,
+    kProject,
+    kExtraLong,
+    kShort1,
+    kShort2,
+    kTagText,
+    kApp,
+    kXDataPlaces
+};
+
 class XDataItems {
   public:
     XDataItems() = default;

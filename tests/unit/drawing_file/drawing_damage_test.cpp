@@ -171,6 +171,21 @@ TEST(DamagedDrawing, HandleInWhatNobodyKnows_IsLookedAtToo) {
                 StartsWith(L"Line 10: \"zz\" is not a handle."));
 }
 
+TEST(DamagedDrawing, FlagsThatContradictEachOther_GiveOneKind) {
+    // The first ones are those that the marker follows from.
+    const std::string polyline =
+        "0\nPOLYLINE\n100\nAcDbEntity\n8\n0\n100\nAcDb2dPolyline\n66\n1\n70\n8\n"
+        "100\nAcDb3dPolyline\n70\n0\n";
+    const std::string vertex =
+        "0\nVERTEX\n100\nAcDbEntity\n8\n0\n100\nAcDbVertex\n100\nAcDb2dVertex\n10\n1\n70\n32\n"
+        "100\nAcDb3dPolylineVertex\n70\n0\n";
+    Read drawing(Entities(polyline + vertex + "0\nSEQEND\n8\n0\n"));
+    ASSERT_TRUE(drawing.IsRead());
+    EXPECT_EQ(drawing.Entity<database::HeavyPolylineData>().flags, 8);
+    const std::string first = drawing.Written();
+    EXPECT_EQ(Read(first).Written(), first);
+}
+
 TEST(DamagedDrawing, GreatestHandle_LeavesRoomForOthers) {
     EXPECT_TRUE(Read(Entities("0\nPOINT\n5\n3FFFFFFFFFFFFFFF\n8\n0\n")).IsRead());
     EXPECT_THAT(ErrorOf(Entities("0\nPOINT\n5\n4000000000000000\n8\n0\n")),

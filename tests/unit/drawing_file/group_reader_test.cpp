@@ -23,7 +23,7 @@ std::vector<Group> ReadAll(std::string_view text) {
 }
 
 // The error that reading all of `text` ends with; line 0 if it ends well.
-DrawingError ErrorOf(std::string_view text) {
+DrawingError ErrorOfGroups(std::string_view text) {
     try {
         ReadAll(text);
     } catch (const DrawingError& error) {
@@ -77,11 +77,11 @@ TEST(GroupReader, ByteOrderMarkIsSkipped) {
 }
 
 TEST(GroupReader, ZeroByteIsRefusedWithItsLine) {
-    EXPECT_EQ(ErrorOf(std::string_view("0\nLINE\n8\na\0b\n", 13)).line, 4u);
+    EXPECT_EQ(ErrorOfGroups(std::string_view("0\nLINE\n8\na\0b\n", 13)).line, 4u);
 }
 
 TEST(GroupReader, CodeThatIsNoNumberIsRefusedWithItsLine) {
-    const auto error = ErrorOf("0\nLINE\nlayer\n0\n");
+    const auto error = ErrorOfGroups("0\nLINE\nlayer\n0\n");
     EXPECT_EQ(error.line, 3u);
     EXPECT_THAT(error.message, HasSubstr(L"\"layer\""));
 }
@@ -89,18 +89,18 @@ TEST(GroupReader, CodeThatIsNoNumberIsRefusedWithItsLine) {
 TEST(GroupReader, CodesOutsideTheFormatAreRefused) {
     for (const char* code :
          {"-1", "-3", "1072", "32768", "99999999999999999999", "8.0", "0x8", "", "--5", "+-5"}) {
-        EXPECT_EQ(ErrorOf("0\nLINE\n" + std::string(code) + "\n0\n").line, 3u) << code;
+        EXPECT_EQ(ErrorOfGroups("0\nLINE\n" + std::string(code) + "\n0\n").line, 3u) << code;
     }
 }
 
 TEST(GroupReader, TextThatEndsBehindCodeIsRefused) {
-    const auto error = ErrorOf("0\nLINE\n8\n");
+    const auto error = ErrorOfGroups("0\nLINE\n8\n");
     EXPECT_EQ(error.line, 3u);
     EXPECT_THAT(error.message, HasSubstr(L"ends behind a group code"));
 }
 
 TEST(GroupReader, MessageShowsNoHostileBytesAndStaysShort) {
-    const auto error = ErrorOf("\x1b[31m\xff" + std::string(1000, 'x') + "\n1\n");
+    const auto error = ErrorOfGroups("\x1b[31m\xff" + std::string(1000, 'x') + "\n1\n");
     EXPECT_THAT(error.message, HasSubstr(L"\"?[31m?xxx"));
     EXPECT_LT(error.message.size(), 100u);
 }

@@ -9,15 +9,10 @@
 #include <sstream>
 #include <string>
 
+#include "project_folder.h"
 #include "settings/project_settings.h"
 
 namespace {
-
-using CSection = CKV2D_ProjectSettingsBase::CSection;
-using CVariable = CKV2D_ProjectSettingsBase::CVariable;
-
-constexpr int kMetric = 0;
-constexpr int kImperial = 1;
 
 template <class Settings>
 Settings Defaults(int units) {
