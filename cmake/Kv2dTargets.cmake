@@ -73,11 +73,16 @@ endfunction()
 
 # kv2d_test_code(TARGET): compiles quickly. Most of the build's time goes into test code, where neither optimisation
 # nor the checks for undefined behaviour find anything that they would not find in the code under test. On Windows
-# it has no debug information either: GoogleTest tells its lines, and back traces are for the code under test.
+# it has no debug information either: GoogleTest tells its lines, and back traces are for the code under test. There it
+# is optimised a little: without, it has four times as many sections, and the linker's time grows with their square.
 function(kv2d_test_code target)
-  target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0> $<$<BOOL:${WIN32}>:-g0>)
+  if(WIN32)
+    target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O1> $<$<COMPILE_LANGUAGE:CXX>:-g0>)
+  else()
+    target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0>)
+  endif()
   if(KV2D_SANITIZE AND NOT KV2D_FUZZ)
-    target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fno-sanitize=undefined>)
+    target_compile_options(${target} PRIVATE -fno-sanitize=undefined)
   endif()
 endfunction()
 
