@@ -284,6 +284,14 @@ TEST_F(FrameSession, ClosedWindow_WithACancelledQuestion_StaysOpen) {
     EXPECT_EQ(nullptr, m_session->Frame());
 }
 
+TEST_F(FrameSession, LockThatAnApplicationForgot_DoesNotKeepTheWindowOpen) {
+    Start();
+    ASSERT_EQ(Acad::eOk, acDocManager->lockDocument(acDocManager->curDocument()));
+    m_session->Frame()->SendMessage(WM_CLOSE);
+    EXPECT_EQ(nullptr, m_session->Frame());
+    EXPECT_TRUE(Said(L"1 locks of Drawing1.dwg were left in place"));
+}
+
 TEST_F(FrameSession, QuickNew_FollowsTheTemplateOfTheEnvironment) {
     m_options.withoutDrawing = true;
     Start();

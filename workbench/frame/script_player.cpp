@@ -75,14 +75,23 @@ void ScriptPlayer::CountWaiting() {
 }
 
 void ScriptPlayer::Tick() {
-    if (m_busy || m_finished) return;
+    if (m_busy) return;
     CountWaiting();
+    if (m_finished) {
+        EndWhatIsStuck();
+        return;
+    }
     if (m_givingUp) {
         GiveUp();
         return;
     }
+    const auto patience = m_stage.givesUp ? std::min(m_patience, kShortPatience) : m_patience;
     if (m_next >= m_script.steps.size()) {
-        if (m_stage.idle()) Finish(true);
+        if (m_stage.idle()) {
+            Finish(true);
+        } else if (m_waited > patience) {
+            Fail(L"the end: the command line is not free");
+        }
         return;
     }
     m_busy = true;
@@ -92,7 +101,6 @@ void ScriptPlayer::Tick() {
     // A picture shows whatever is open.
     const bool looks = step.action == ScriptAction::kPicture;
     if (outcome.progress == Progress::kWaiting && m_stage.givesUp && !looks && CloseMessageBox()) return;
-    const auto patience = m_stage.givesUp ? std::min(m_patience, kShortPatience) : m_patience;
     if (outcome.progress == Progress::kFailed ||
         (outcome.progress == Progress::kWaiting && m_waited > patience)) {
         Fail(L"line " + std::to_wstring(step.line) + L": " + step.text + L": " + outcome.reason);
@@ -146,6 +154,11 @@ void ScriptPlayer::GiveUp() {
         Finish(false);
         return;
     }
+    EndWhatIsStuck();
+}
+
+// Nobody would end the program otherwise.
+void ScriptPlayer::EndWhatIsStuck() {
     if (m_waited < kClosingPatience) return;
     m_stage.note(L"*** the session cannot be closed; open dialogs:" + DescribeDialogs());
     TerminateProcess(GetCurrentProcess(), kStuck);
@@ -153,8 +166,7 @@ void ScriptPlayer::GiveUp() {
 
 void ScriptPlayer::Finish(bool succeeded) {
     m_finished = true;
-    if (m_timer != 0) KillTimer(nullptr, m_timer);
-    m_timer = 0;
+    StartWaiting();
     m_stage.finished(succeeded);
 }
 

@@ -60,6 +60,7 @@ class ARX_PORT ScriptPlayer {
     void StartWaiting();
     void Fail(const std::wstring& reason);
     void GiveUp();
+    void EndWhatIsStuck();
     bool CloseMessageBox();
     bool CloseTopDialog();
     void Finish(bool succeeded);

@@ -466,6 +466,7 @@ bool Session::MayClose() {
     // A command or a dialog that is up would come back to a host that is gone.
     if (m_inputDepth > 0) return false;
     if (m_host == nullptr) return true;
+    m_host->Documents().DropForgottenLocks();
     if (!m_host->Documents().CloseAll(true)) return false;
     m_host->Apps().Broadcast(AcRx::kPreQuitMsg);
     m_host->Apps().Broadcast(AcRx::kQuitMsg);

@@ -56,6 +56,18 @@ Acad::ErrorStatus DocumentManager::unlockDocument(AcApDocument* document) {
     return Acad::eOk;
 }
 
+void DocumentManager::DropForgottenLocks() {
+    for (Document* listed : All()) {
+        const std::shared_ptr<Document> document = Shared(listed);
+        if (document == nullptr || document->m_locks.empty()) continue;
+        m_host.FreshLine();
+        m_host.Print(std::to_wstring(document->m_locks.size()) + L" locks of " + document->docTitle() +
+                     L" were left in place\n");
+        while (document->IsOpen() && !document->m_locks.empty())
+            unlockDocument(document.get());
+    }
+}
+
 void DocumentManager::TellLockWillChange(Document& document, AcAp::DocLockMode from, AcAp::DocLockMode to,
                                          const std::wstring& commandName) {
     m_reactors.ForEach([&](AcApDocManagerReactor& reactor) {

@@ -64,6 +64,9 @@ class DocumentManager : public AcApDocManager, public database::WriteGuard {
     Acad::ErrorStatus Close(Document& document, bool ask);
     // Each in turn until one is not to be closed; false then.
     bool CloseAll(bool ask);
+    // Gives back the locks that applications took and forgot, and tells of them on the command line: for the
+    // end of the session, when no application's code runs any more that could give them back itself.
+    void DropForgottenLocks();
 
     Document* Current() const { return m_current; }
     Document* Active() const { return m_active; }

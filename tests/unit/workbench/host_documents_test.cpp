@@ -257,6 +257,18 @@ TEST_F(DocumentsTest, Close_LockedDocument_IsRefused) {
     EXPECT_EQ(acDocManager->closeDocument(&document), Acad::eOk);
 }
 
+TEST_F(DocumentsTest, ForgottenLocks_AreDroppedAndTold) {
+    host::Document& forgotten = ADocument();
+    acDocManager->lockDocument(&forgotten);
+    acDocManager->lockDocument(&forgotten, AcAp::kRead);
+    ASSERT_FALSE(Documents().CloseAll(false));
+    m_surface.transcript.clear();
+    Documents().DropForgottenLocks();
+    EXPECT_EQ(m_surface.transcript, L"2 locks of Drawing1.dwg were left in place\n");
+    EXPECT_EQ(forgotten.lockMode(true), AcAp::kNotLocked);
+    EXPECT_TRUE(Documents().CloseAll(false));
+}
+
 TEST_F(DocumentsTest, Iterator_WalksThoseThatWereOpen_AndPassesOverClosedOnes) {
     host::Document& a = ADrawing(L"C:\\P\\a.dwg");
     host::Document& b = ADrawing(L"C:\\P\\b.dwg");
