@@ -5,8 +5,8 @@ in turn. Whatever fails, the session must come to its end by itself: no crash, n
     play_hostile.py FOLDER [--every [FIRST [LAST]]]    in a Wine session, with KV2D_BIN, the folder of the programs
 
 FOLDER is made anew for the share and the transcripts. Without --every, all calls of one name fail at once, name after
-name (about a minute). With it, one call after the other by its number, from FIRST to LAST: that is exhaustive, and takes
-half an hour for the whole day.
+name (about a minute). With it, one call after the other by its number, from FIRST to LAST: that is exhaustive, and
+takes half an hour for the whole day.
 """
 import os
 import pathlib
