@@ -74,7 +74,9 @@ class Designer:
                  '@waitgone "New Line Number"')
 
     def pick_from_the_menu(self):
-        self.say(f"@clickat 201 {self.random.randint(5, 80)} {self.random.randint(5, 150)}", "@waitidle")
+        self.say(f"@clickat 201 {self.random.randint(5, 80)} {self.random.randint(5, 150)}")
+        # The item may be one that opens a dialog, which takes a moment; without one, Escape does no harm.
+        self.say(*["@press Escape"] * 3, "@waitidle")
 
     def look_into_the_manager(self):
         self.say("_kv2dDrawingManager", '@wait "Drawing Manager"')
