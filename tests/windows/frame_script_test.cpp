@@ -325,6 +325,12 @@ TEST_F(FrameScript, Timeout_WantsANumber) {
     EXPECT_FALSE(Play(L"@timeout 0"));
 }
 
+TEST_F(FrameScript, EndThatDoesNotCome_IsNotWaitedForForEver) {
+    m_idle = false;
+    EXPECT_FALSE(Play(L"@timeout 0.2"));
+    EXPECT_TRUE(Said(L"the end: the command line is not free"));
+}
+
 TEST_F(FrameScript, Quit_LeavesOutTheRest) {
     EXPECT_TRUE(Play(L"first\n@quit\nsecond"));
     EXPECT_EQ(std::vector<std::wstring>{L"first"}, m_lines);
